@@ -1,0 +1,33 @@
+# Libraries taken from Debian's packages (natively) or from the MinGW sysroot
+# and the setup script's jsoncpp build (cross). Each is exposed as kvt1::<name>.
+find_package(ZLIB REQUIRED)
+add_library(kvt1::zlib ALIAS ZLIB::ZLIB)
+
+find_package(jsoncpp CONFIG QUIET)
+if(TARGET jsoncpp_static)
+  add_library(kvt1::jsoncpp ALIAS jsoncpp_static)
+elseif(TARGET jsoncpp_lib)
+  add_library(kvt1::jsoncpp ALIAS jsoncpp_lib)
+else()
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(JSONCPP REQUIRED IMPORTED_TARGET jsoncpp)
+  add_library(kvt1::jsoncpp ALIAS PkgConfig::JSONCPP)
+endif()
+
+if(KVT1_BUILD_TESTS)
+  if(CMAKE_CROSSCOMPILING)
+    # Debian ships GoogleTest's sources; cross builds compile them with the
+    # target toolchain.
+    set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+    set(gtest_disable_pthreads OFF CACHE BOOL "" FORCE)
+    add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+    add_library(GTest::gtest_main ALIAS gtest_main)
+    add_library(GTest::gmock ALIAS gmock)
+  else()
+    find_package(GTest REQUIRED)
+  endif()
+endif()
+
+if(KVT1_BUILD_BENCH)
+  find_package(benchmark REQUIRED)
+endif()

@@ -1,0 +1,94 @@
+#include "host/CArxHostApp.h"
+
+#include "host/LispFunctions.h"
+#include "host/ProductIdentity.h"
+#include "host/ResourceScope.h"
+#include "host/SupportPath.h"
+#include "platform/ThisModule.h"
+
+namespace kvt1 {
+
+const wchar_t kCommandGroup[] = L"KVT1_COMMANDS";
+
+namespace {
+
+AcEdCommandStack* commandStack() {
+  AcRxDictionary* registry = acrxSysRegistry();
+  return registry ? AcEdCommandStack::cast(registry->at(ACRX_COMMAND_DOCK)) : nullptr;
+}
+
+void startMenuCommand() { theApp().startMenu(); }
+
+}  // namespace
+
+CArxHostApp& theApp() {
+  static CArxHostApp app;
+  return app;
+}
+
+AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
+  m_hdllInstance = static_cast<HINSTANCE>(platform::thisModuleHandle());
+  ResourceScope resources(m_hdllInstance);
+
+  const std::wstring modulePath = platform::thisModulePath();
+  // A missing engine library is not an error here; the dialogs report it when they open.
+  m_htmlEngine = platform::DynamicLibrary::load(splitModulePath(modulePath).folder + L"\\htmlayout.dll");
+
+  AcRxArxApp::On_kInitAppMsg(pkt);
+  registerCommand();
+  m_location = splitModulePath(modulePath);
+  cleanSupportPath(kEarlierInstallationMarker);
+  return AcRx::kRetOK;
+}
+
+AcRx::AppRetCode CArxHostApp::On_kUnloadAppMsg(void* pkt) {
+  ResourceScope resources(m_hdllInstance);
+  m_htmlEngine.release();
+  AcRxArxApp::On_kUnloadAppMsg(pkt);
+  removeCommandGroup();
+  return AcRx::kRetOK;
+}
+
+AcRx::AppRetCode CArxHostApp::On_kLoadDwgMsg(void* pkt) {
+  if (m_menuStarted) queueStartFile();
+  return defineLispFunctions() ? AcRx::kRetOK : AcRx::kRetError;
+}
+
+AcRx::AppRetCode CArxHostApp::On_kUnloadDwgMsg(void* pkt) {
+  undefineLispFunctions();
+  return AcRx::kRetOK;
+}
+
+AcRx::AppRetCode CArxHostApp::On_kInvkSubrMsg(void* pkt) {
+  ResourceScope resources(m_hdllInstance);
+  dispatchLispCall(m_services);
+  return AcRx::kRetOK;
+}
+
+void CArxHostApp::startMenu() {
+  if (m_menuStarted) return;
+  m_menuStarted = true;
+  const std::wstring folder = doubleBackslashes(m_location.folder);
+  queueExpression(L"(load \"" + folder + L"kv_Menu.vlx\")");
+  queueExpression(L"(kv_Menu-StartFromExe \"" + folder + L"\")");
+  queueStartFile();
+}
+
+void CArxHostApp::registerCommand() {
+  if (AcEdCommandStack* stack = commandStack()) {
+    stack->addCommand(kCommandGroup, kProductCode, kProductCode, ACRX_CMD_MODAL, &startMenuCommand, nullptr, -1,
+                      m_hdllInstance, nullptr);
+  }
+}
+
+void CArxHostApp::removeCommandGroup() {
+  if (AcEdCommandStack* stack = commandStack()) stack->removeGroup(kCommandGroup);
+}
+
+void CArxHostApp::queueStartFile() {
+  queueExpression(L"(load \"" + doubleBackslashes(m_location.folder) + L"kv_start.vlx\")");
+}
+
+void CArxHostApp::queueExpression(std::wstring expression) { ads_queueexpr(expression.data()); }
+
+}  // namespace kvt1

@@ -1,0 +1,46 @@
+#pragma once
+// The module's application object: receives the host's messages, sets the
+// module up and down, defines the LISP functions per document and offers the
+// start command "KVT1".
+#include <string>
+
+#include "host/LispServices.h"
+#include "host/ModulePath.h"
+#include "host/arx/Arx.h"
+#include "platform/DynamicLibrary.h"
+
+namespace kvt1 {
+
+extern const wchar_t kCommandGroup[];
+
+class CArxHostApp : public AcRxArxApp {
+ public:
+  AcRx::AppRetCode On_kInitAppMsg(void* pkt) override;
+  AcRx::AppRetCode On_kUnloadAppMsg(void* pkt) override;
+  AcRx::AppRetCode On_kLoadDwgMsg(void* pkt) override;
+  AcRx::AppRetCode On_kUnloadDwgMsg(void* pkt) override;
+  AcRx::AppRetCode On_kInvkSubrMsg(void* pkt) override;
+  void RegisterServerComponents() override {}
+
+  // The command "KVT1": queues the LISP application's menu, once per load.
+  void startMenu();
+
+  const ModuleLocation& moduleLocation() const { return m_location; }
+  bool menuStarted() const { return m_menuStarted; }
+
+ private:
+  void registerCommand();
+  void removeCommandGroup();
+  void queueStartFile();
+  void queueExpression(std::wstring expression);
+
+  ModuleLocation m_location;
+  bool m_menuStarted = false;
+  platform::DynamicLibrary m_htmlEngine;
+  CLispServices m_services;
+};
+
+// The single application object of the module.
+CArxHostApp& theApp();
+
+}  // namespace kvt1

@@ -1,0 +1,32 @@
+#pragma once
+// A loaded shared library (LoadLibraryW / dlopen). Moves, never copies; the
+// library is released when the owner goes.
+#include <string>
+
+namespace kvt1::platform {
+
+class DynamicLibrary {
+ public:
+  DynamicLibrary() = default;
+  DynamicLibrary(DynamicLibrary&& other) noexcept;
+  DynamicLibrary& operator=(DynamicLibrary&& other) noexcept;
+  DynamicLibrary(const DynamicLibrary&) = delete;
+  DynamicLibrary& operator=(const DynamicLibrary&) = delete;
+  ~DynamicLibrary();
+
+  // Loads the library at path; "\" and "/" both separate folders. On failure
+  // the result is not loaded and error() tells why.
+  static DynamicLibrary load(const std::wstring& path);
+
+  bool isLoaded() const { return handle_ != nullptr; }
+  void* handle() const { return handle_; }
+  void* symbol(const char* name) const;
+  const std::wstring& error() const { return error_; }
+  void release();
+
+ private:
+  void* handle_ = nullptr;
+  std::wstring error_;
+};
+
+}  // namespace kvt1::platform

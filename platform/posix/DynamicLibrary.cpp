@@ -1,0 +1,29 @@
+#include "platform/DynamicLibrary.h"
+
+#include <dlfcn.h>
+
+#include "platform/posix/NativePath.h"
+#include "platform/Unicode.h"
+
+namespace kvt1::platform {
+
+DynamicLibrary DynamicLibrary::load(const std::wstring& path) {
+  DynamicLibrary library;
+  library.handle_ = dlopen(nativePath(path).c_str(), RTLD_NOW | RTLD_LOCAL);
+  if (library.handle_ == nullptr) {
+    const char* reason = dlerror();
+    library.error_ = fromUtf8(reason ? reason : "cannot load library");
+  }
+  return library;
+}
+
+void* DynamicLibrary::symbol(const char* name) const {
+  return handle_ ? dlsym(handle_, name) : nullptr;
+}
+
+void DynamicLibrary::release() {
+  if (handle_) dlclose(handle_);
+  handle_ = nullptr;
+}
+
+}  // namespace kvt1::platform

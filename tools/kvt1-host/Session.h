@@ -1,0 +1,55 @@
+#pragma once
+// One run of the emulated host: loads a module, sends it the host's messages
+// in the host's order, and evaluates script forms against it, printing what
+// the host's command line would show.
+#include <functional>
+#include <string>
+
+#include "host/arx/ArxTypes.h"
+#include "platform/DynamicLibrary.h"
+#include "tools/kvt1-host/LispValue.h"
+
+namespace kvt1::emu {
+
+class Session {
+ public:
+  // Output goes to sink, or to standard output without one.
+  explicit Session(std::function<void(const std::wstring&)> sink = nullptr);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  void setEnvironment(const std::wstring& name, const std::wstring& value);
+
+  // Loads the module file, initialises it and opens the first drawing.
+  bool load(const std::wstring& modulePath);
+  // Closes the open drawings and unloads the module.
+  void unload();
+
+  // Evaluates each form of the script; faults are reported and skipped.
+  void runScript(const std::wstring& script);
+
+  // Host commands: a module's command, or NEW and CLOSE for drawings.
+  bool runCommand(const std::wstring& name, int line);
+  void openDocument();
+  void closeDocument();
+
+  int faults() const { return faults_; }
+
+ private:
+  typedef AcRx::AppRetCode (*EntryPoint)(AcRx::AppMsgCode, void*);
+
+  void print(const std::wstring& text);
+  void fault(int line, const std::wstring& message);
+  void printQueued();
+  bool evaluate(const LispValue& form, int line, LispValue& result);
+  bool callFunction(const LispValue& form, int line, LispValue& result);
+
+  std::function<void(const std::wstring&)> sink_;
+  bool atLineStart_ = true;
+  platform::DynamicLibrary module_;
+  EntryPoint entry_ = nullptr;
+  int faults_ = 0;
+};
+
+}  // namespace kvt1::emu

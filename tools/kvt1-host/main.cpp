@@ -1,0 +1,117 @@
+// kvt1-host: plays the CAD host for a KVT1 module file.
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "platform/Unicode.h"
+#include "tools/kvt1-host/Session.h"
+#include "tools/kvt1-host/core/EmulatedHost.h"
+
+namespace {
+
+const wchar_t kUsage[] =
+    L"Usage: kvt1-host [options] MODULE [SCRIPT]\n"
+    L"\n"
+    L"Loads MODULE (a kvt<year>.arx or kvt<year>.so file) as the CAD host does,\n"
+    L"opens a drawing, evaluates the AutoLISP forms of SCRIPT (standard input\n"
+    L"when SCRIPT is missing or \"-\") and unloads the module at the end.\n"
+    L"\n"
+    L"Script lines:\n"
+    L"  (function args...)  calls a LISP function; its result is printed in\n"
+    L"                      AutoLISP notation (nil, (0), \"1\")\n"
+    L"  WORD                runs a command: the module's (KVT1), NEW opens\n"
+    L"                      another drawing, CLOSE closes the current one\n"
+    L"  ; text              a comment\n"
+    L"Built-in functions: getenv, setenv, quote.\n"
+    L"What the module prints comes as it is printed; every queued expression\n"
+    L"is printed as \"queued: EXPRESSION\" in queue order.\n"
+    L"\n"
+    L"Options:\n"
+    L"  --env NAME=VALUE    sets a host environment value, e.g. ACAD (the\n"
+    L"                      support search path); may be repeated\n"
+    L"  --help              shows this text\n"
+    L"\n"
+    L"Exit status: 0 when every line ran, 1 when the module could not be\n"
+    L"loaded or initialised, 2 when script lines had faults.\n";
+
+bool readFile(const std::wstring& path, std::string& bytes) {
+#ifdef _WIN32
+  std::FILE* file = path == L"-" ? stdin : _wfopen(path.c_str(), L"rb");
+#else
+  std::FILE* file = path == L"-" ? stdin : std::fopen(kvt1::platform::toUtf8(path).c_str(), "rb");
+#endif
+  if (!file) return false;
+  char buffer[65536];
+  std::size_t count = 0;
+  while ((count = std::fread(buffer, 1, sizeof buffer, file)) > 0) bytes.append(buffer, count);
+  if (file != stdin) std::fclose(file);
+  return true;
+}
+
+void printError(const std::wstring& text) {
+  const std::string bytes = kvt1::platform::toUtf8(L"kvt1-host: " + text + L"\n");
+  std::fwrite(bytes.data(), 1, bytes.size(), stderr);
+}
+
+int run(const std::vector<std::wstring>& args) {
+  std::vector<std::pair<std::wstring, std::wstring>> environment;
+  std::vector<std::wstring> positional;
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    const std::wstring& arg = args[i];
+    if (arg == L"--help" || arg == L"-h") {
+      kvt1::emu::EmulatedHost::writeStandardOutput(kUsage);
+      return 0;
+    }
+    if (arg == L"--env") {
+      const std::size_t equals = i + 1 < args.size() ? args[i + 1].find(L'=') : std::wstring::npos;
+      if (equals == std::wstring::npos || equals == 0) {
+        printError(L"--env takes NAME=VALUE");
+        return 1;
+      }
+      environment.emplace_back(args[i + 1].substr(0, equals), args[i + 1].substr(equals + 1));
+      ++i;
+    } else if (arg.size() > 1 && arg[0] == L'-') {
+      printError(L"unknown option " + arg + L" (see --help)");
+      return 1;
+    } else {
+      positional.push_back(arg);
+    }
+  }
+  if (positional.empty() || positional.size() > 2) {
+    printError(L"give a module file and at most one script (see --help)");
+    return 1;
+  }
+
+  const std::wstring scriptPath = positional.size() == 2 ? positional[1] : L"-";
+  std::string script;
+  if (!readFile(scriptPath, script)) {
+    printError(L"cannot read the script " + scriptPath);
+    return 1;
+  }
+  if (script.rfind("\xEF\xBB\xBF", 0) == 0) script.erase(0, 3);
+
+  kvt1::emu::Session session;
+  for (const auto& [name, value] : environment) session.setEnvironment(name, value);
+  // The host loads modules by full path; their folder is derived from it.
+  std::error_code ignored;
+  const std::filesystem::path modulePath = std::filesystem::absolute(std::filesystem::path(positional[0]), ignored);
+  if (!session.load(modulePath.wstring())) return 1;
+  session.runScript(kvt1::platform::fromUtf8(script));
+  session.unload();
+  return session.faults() == 0 ? 0 : 2;
+}
+
+}  // namespace
+
+#ifdef _WIN32
+int wmain(int argc, wchar_t** argv) {
+  return run(std::vector<std::wstring>(argv + 1, argv + argc));
+}
+#else
+int main(int argc, char** argv) {
+  std::vector<std::wstring> args;
+  for (int i = 1; i < argc; ++i) args.push_back(kvt1::platform::fromUtf8(argv[i]));
+  return run(args);
+}
+#endif
