@@ -17,12 +17,11 @@ endif()
 if(KVT1_BUILD_TESTS)
   if(CMAKE_CROSSCOMPILING)
     # Debian ships GoogleTest's sources; cross builds compile them with the
-    # target toolchain.
+    # target toolchain
     set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
     set(gtest_disable_pthreads OFF CACHE BOOL "" FORCE)
+    # (it defines the GTest:: targets itself).
     add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
-    add_library(GTest::gtest_main ALIAS gtest_main)
-    add_library(GTest::gmock ALIAS gmock)
   else()
     find_package(GTest REQUIRED)
   endif()

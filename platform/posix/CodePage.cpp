@@ -1,0 +1,94 @@
+#include "platform/CodePage.h"
+
+#include <iconv.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <string>
+
+#include "platform/Unicode.h"
+
+namespace kvt1::platform {
+namespace {
+
+// The iconv name of a Windows code page number.
+std::string iconvName(unsigned codePage) {
+  switch (codePage) {
+    case kCodePageUtf8: return "UTF-8";
+    case 1200: return "UTF-16LE";
+    case 1201: return "UTF-16BE";
+    case 12000: return "UTF-32LE";
+    case 12001: return "UTF-32BE";
+    case 20127: return "ASCII";
+    case 20866: return "KOI8-R";
+    case 21866: return "KOI8-U";
+    case 936: return "GBK";
+    case 950: return "BIG5";
+    case 54936: return "GB18030";
+    case 51932: return "EUC-JP";
+    case 51949: return "EUC-KR";
+    default: break;
+  }
+  if (codePage >= 28591 && codePage <= 28606) return "ISO-8859-" + std::to_string(codePage - 28590);
+  return "CP" + std::to_string(codePage);
+}
+
+// Converts with one iconv descriptor. A unit that cannot be converted is
+// replaced and reported; for UTF-8 input the unit is a whole character.
+bool convert(const std::string& from, const std::string& to, std::string_view input, std::string& output,
+             const std::string& replacement, bool inputIsUtf8) {
+  output.clear();
+  iconv_t cd = iconv_open(to.c_str(), from.c_str());
+  if (cd == reinterpret_cast<iconv_t>(-1)) return false;
+  bool lossless = true;
+  char* in = const_cast<char*>(input.data());
+  std::size_t inLeft = input.size();
+  std::string buffer(input.size() * 4 + 16, '\0');
+  for (;;) {
+    char* out = buffer.data();
+    std::size_t outLeft = buffer.size();
+    const std::size_t result = inLeft > 0 ? iconv(cd, &in, &inLeft, &out, &outLeft)
+                                          : iconv(cd, nullptr, nullptr, &out, &outLeft);
+    const int error = errno;
+    output.append(buffer.data(), buffer.size() - outLeft);
+    if (inLeft == 0 && result != static_cast<std::size_t>(-1)) break;
+    if (result != static_cast<std::size_t>(-1) || error == E2BIG) continue;
+    // EILSEQ or EINVAL: skip the unit that cannot be converted.
+    lossless = false;
+    output += replacement;
+    ++in, --inLeft;
+    while (inputIsUtf8 && inLeft > 0 && (static_cast<unsigned char>(*in) & 0xC0) == 0x80) ++in, --inLeft;
+  }
+  iconv_close(cd);
+  return lossless;
+}
+
+}  // namespace
+
+unsigned ansiCodePage() {
+  if (const char* configured = std::getenv("KVT1_ANSI_CODEPAGE")) {
+    const unsigned long number = std::strtoul(configured, nullptr, 10);
+    if (number > 0 && isCodePageSupported(static_cast<unsigned>(number))) return static_cast<unsigned>(number);
+  }
+  return 1252;
+}
+
+bool isCodePageSupported(unsigned codePage) {
+  iconv_t cd = iconv_open("UTF-8", iconvName(codePage).c_str());
+  if (cd == reinterpret_cast<iconv_t>(-1)) return false;
+  iconv_close(cd);
+  return true;
+}
+
+bool bytesToWide(unsigned codePage, std::string_view bytes, std::wstring& out) {
+  std::string utf8;
+  const bool lossless = convert(iconvName(codePage), "UTF-8", bytes, utf8, "\xEF\xBF\xBD", false);
+  out = fromUtf8(utf8);
+  return lossless;
+}
+
+bool wideToBytes(unsigned codePage, std::wstring_view text, std::string& out) {
+  return convert("UTF-8", iconvName(codePage), toUtf8(text), out, "?", true);
+}
+
+}  // namespace kvt1::platform

@@ -1,0 +1,108 @@
+#include "tools/kvt1-host/Session.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "host/ModulePath.h"
+#include "platform/ThisModule.h"
+#include "tools/kvt1-host/core/EmulatedHost.h"
+
+namespace kvt1::emu {
+namespace {
+
+// The module file built beside this test program, as the host would load it.
+std::wstring modulePath() { return splitModulePath(platform::thisModulePath()).folder + KVT1_TEST_MODULE_NAME; }
+
+class EmulatorSession : public ::testing::Test {
+ protected:
+  void start(const std::wstring& supportPath = L"") {
+    session = std::make_unique<Session>([this](const std::wstring& text) { output += text; });
+    if (!supportPath.empty()) session->setEnvironment(L"ACAD", supportPath);
+    ASSERT_TRUE(session->load(modulePath())) << std::string(output.begin(), output.end());
+  }
+
+  std::wstring run(const std::wstring& script) {
+    output.clear();
+    session->runScript(script);
+    return output;
+  }
+
+  // The module folder as the queued LISP strings spell it.
+  static std::wstring lispFolder() { return doubleBackslashes(splitModulePath(modulePath()).folder); }
+
+  std::wstring output;
+  std::unique_ptr<Session> session;
+};
+
+TEST_F(EmulatorSession, AnswersCallsWithMessagesAndResults) {
+  start();
+  EXPECT_EQ(run(L"(kvt1_help)\n(kvt1_help 5)\n(kvt1_info 1)\n(kvt1_GetSettings \"##120\")\n"),
+            L"less parameters provided\nnil\n"
+            L"String expected as parameter...\n(0)\n"
+            L"More parameters provided\nnil\n"
+            L"\"0\"\n");
+  EXPECT_EQ(session->faults(), 0);
+}
+
+TEST_F(EmulatorSession, StartCommandQueuesTheApplicationOnce) {
+  start();
+  const std::wstring folder = lispFolder();
+  EXPECT_EQ(run(L"KVT1\n"), L"queued: (load \"" + folder + L"kv_Menu.vlx\")\n"
+                            L"queued: (kv_Menu-StartFromExe \"" + folder + L"\")\n"
+                            L"queued: (load \"" + folder + L"kv_start.vlx\")\n");
+  EXPECT_EQ(run(L"KVT1\nkvt1\n"), L"");
+}
+
+TEST_F(EmulatorSession, DrawingsGetTheStartFileOnlyAfterTheStartCommand) {
+  start();
+  EXPECT_EQ(run(L"NEW\n"), L"");
+  run(L"KVT1\n");
+  EXPECT_EQ(run(L"NEW\n"), L"queued: (load \"" + lispFolder() + L"kv_start.vlx\")\n");
+}
+
+TEST_F(EmulatorSession, FunctionsBelongToEachOpenDrawing) {
+  start();
+  EXPECT_EQ(run(L"CLOSE\n(kvt1_info)\n"), L"; error: line 2: no function definition: kvt1_info\n");
+  EXPECT_EQ(run(L"NEW\n(KVT1_INFO)\n"), L"(0)\n");  // LISP names compare without case
+}
+
+TEST_F(EmulatorSession, RegistersItsCommandAndRemovesItAtUnload) {
+  start();
+  const Command* command = EmulatedHost::instance().commandStack().find(L"KVT1");
+  ASSERT_NE(command, nullptr);
+  EXPECT_EQ(command->group, L"KVT1_COMMANDS");
+  EXPECT_EQ(command->localName, L"KVT1");
+  EXPECT_EQ(command->flags, 0);
+  EXPECT_NE(command->resource, nullptr);
+
+  session->unload();
+  EXPECT_EQ(EmulatedHost::instance().commandStack().find(L"KVT1"), nullptr);
+}
+
+TEST_F(EmulatorSession, CleansTheEarlierInstallationFromTheSupportPath) {
+  start(L"C:\\Data;C:\\Halvorn\\KVTools 2017\\Support;D:\\Fonts;c:\\kvtools\\lisp");
+  EXPECT_EQ(run(L"(getenv \"ACAD\")\n"), L"\"C:\\\\Data;D:\\\\Fonts\"\n");
+}
+
+TEST_F(EmulatorSession, ReportsFaultyLinesAndGoesOn) {
+  start();
+  EXPECT_EQ(run(L"(nosuch 1)\n(kvt1_help \"x\"\n(kvt1_info))\nBOGUS\n(kvt1_info)\n"),
+            L"; error: line 1: no function definition: nosuch\n"
+            L"; error: line 2: unbalanced parentheses: '(' is not closed\n"
+            L"(0)\n"
+            L"; error: line 3: unbalanced parentheses: ')' closes nothing\n"
+            L"; error: line 4: unknown command: BOGUS\n"
+            L"(0)\n");
+  EXPECT_EQ(session->faults(), 4);
+}
+
+TEST(EmulatorLoad, RefusesAFileThatIsNoModule) {
+  std::wstring output;
+  Session session([&](const std::wstring& text) { output += text; });
+  EXPECT_FALSE(session.load(modulePath() + L".missing"));
+  EXPECT_EQ(output.rfind(L"; error: line 0: cannot load the module: ", 0), 0u);
+}
+
+}  // namespace
+}  // namespace kvt1::emu
