@@ -5,6 +5,10 @@
 # $KVT1_DEPS_DIR (default /opt/kvt1-deps).
 set -euo pipefail
 
+# --native: only what the Linux build needs (no MinGW, Wine or cross-built jsoncpp).
+native_only=0
+[ "${1:-}" = "--native" ] && native_only=1
+
 deps_dir=${KVT1_DEPS_DIR:-/opt/kvt1-deps}
 sudo_cmd=()
 [ "$(id -u)" -eq 0 ] || sudo_cmd=(sudo)
@@ -49,6 +53,11 @@ mingw_packages=(
   dpkg-dev wine wine64
 )
 
+if [ "$native_only" -eq 1 ]; then
+  apt_install "${native_packages[@]}"
+  log "done (Linux build dependencies)"
+  exit 0
+fi
 apt_install "${native_packages[@]}" "${mingw_packages[@]}"
 
 # 32-bit Wine runs the i686 test binaries; its absence only skips those tests.

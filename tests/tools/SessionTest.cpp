@@ -97,6 +97,12 @@ TEST_F(EmulatorSession, ReportsFaultyLinesAndGoesOn) {
   EXPECT_EQ(session->faults(), 4);
 }
 
+TEST_F(EmulatorSession, EchoesEachLineAsTheCommandLineShowsIt) {
+  start();
+  session->setEcho(true);
+  EXPECT_EQ(run(L"(kvt1_info \"a\")\nNEW\n"), L"Command: (kvt1_info \"a\")\nMore parameters provided\nnil\nCommand: NEW\n");
+}
+
 TEST(EmulatorLoad, RefusesAFileThatIsNoModule) {
   std::wstring output;
   Session session([&](const std::wstring& text) { output += text; });

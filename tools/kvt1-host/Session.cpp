@@ -133,6 +133,7 @@ void Session::runScript(const std::wstring& script) {
       fault(item->line, item->error);
       continue;
     }
+    if (echo_) print(L"Command: " + toLispText(item->form) + L"\n");
     if (item->form.kind == LispValue::Kind::Symbol) {
       runCommand(item->form.text, item->line);
       continue;

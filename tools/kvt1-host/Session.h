@@ -20,6 +20,8 @@ class Session {
   Session& operator=(const Session&) = delete;
 
   void setEnvironment(const std::wstring& name, const std::wstring& value);
+  // Prints each form or command as "Command: ..." before running it.
+  void setEcho(bool echo) { echo_ = echo; }
 
   // Loads the module file, initialises it and opens the first drawing.
   bool load(const std::wstring& modulePath);
@@ -50,6 +52,7 @@ class Session {
   platform::DynamicLibrary module_;
   EntryPoint entry_ = nullptr;
   int faults_ = 0;
+  bool echo_ = false;
 };
 
 }  // namespace kvt1::emu

@@ -30,6 +30,7 @@ const wchar_t kUsage[] =
     L"Options:\n"
     L"  --env NAME=VALUE    sets a host environment value, e.g. ACAD (the\n"
     L"                      support search path); may be repeated\n"
+    L"  --echo              prints each line as \"Command: LINE\" before it runs\n"
     L"  --help              shows this text\n"
     L"\n"
     L"Exit status: 0 when every line ran, 1 when the module could not be\n"
@@ -57,13 +58,16 @@ void printError(const std::wstring& text) {
 int run(const std::vector<std::wstring>& args) {
   std::vector<std::pair<std::wstring, std::wstring>> environment;
   std::vector<std::wstring> positional;
+  bool echo = false;
   for (std::size_t i = 0; i < args.size(); ++i) {
     const std::wstring& arg = args[i];
     if (arg == L"--help" || arg == L"-h") {
       kvt1::emu::EmulatedHost::writeStandardOutput(kUsage);
       return 0;
     }
-    if (arg == L"--env") {
+    if (arg == L"--echo") {
+      echo = true;
+    } else if (arg == L"--env") {
       const std::size_t equals = i + 1 < args.size() ? args[i + 1].find(L'=') : std::wstring::npos;
       if (equals == std::wstring::npos || equals == 0) {
         printError(L"--env takes NAME=VALUE");
@@ -92,6 +96,7 @@ int run(const std::vector<std::wstring>& args) {
   if (script.rfind("\xEF\xBB\xBF", 0) == 0) script.erase(0, 3);
 
   kvt1::emu::Session session;
+  session.setEcho(echo);
   for (const auto& [name, value] : environment) session.setEnvironment(name, value);
   // The host loads modules by full path; their folder is derived from it.
   std::error_code ignored;

@@ -1,0 +1,27 @@
+; A short session of the LISP application with the KVT1 module loaded.
+; The host's support path was given on the command line with an entry of the
+; earlier KVTools installation; the module removed it while it initialised.
+(getenv "ACAD")
+
+; Argument checks: a wrong count answers nil, a wrong type prints and answers (0).
+(kvt1_help)
+(kvt1_help 5)
+(kvt1_info 1)
+(kvt1_splash 2)
+(kvt1_splash 2 7)
+(kvt1_splash "x")
+(kvt1_GetSettings 1)
+
+; Calls that pass their checks.
+(kvt1_help "AirportDialog")
+(kvt1_reporting "Count::Surfaces")
+(kvt1_GetSettings "##120")
+
+; The start command queues the LISP application once; a second run does nothing.
+KVT1
+KVT1
+
+; A drawing opened now gets the start file queued and its own LISP functions.
+NEW
+(kvt1_info)
+CLOSE

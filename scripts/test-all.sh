@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Sets the machine up, then builds and runs every test: Linux (debug, and
+# AddressSanitizer with UndefinedBehaviorSanitizer), and the x86_64 and i686
+# Windows builds under Wine. The release build (benchmarks, emulator) is
+# built too, so that it keeps compiling. Ends with one line counting all tests.
+set -uo pipefail
+cd "$(dirname "$0")/.."
+
+bash scripts/setup.sh || exit 1
+
+logs=$(mktemp -d)
+trap 'rm -rf "$logs"' EXIT
+status=0
+for preset in linux-debug linux-asan mingw-x64 mingw-x86; do
+  printf '\n== %s\n' "$preset"
+  cmake --workflow --preset "$preset" 2>&1 | tee "$logs/$preset.log"
+  [ "${PIPESTATUS[0]}" -eq 0 ] || status=1
+done
+
+printf '\n== linux-release (build only)\n'
+{ cmake --preset linux-release >/dev/null && cmake --build --preset linux-release; } || status=1
+
+# One line over all presets: CTest counts skipped tests among the passed ones.
+passed=0 failed=0 skipped=0
+for log in "$logs"/*.log; do
+  summary=$(grep -E '^[0-9]+% tests passed, [0-9]+ tests? failed out of [0-9]+' "$log" | tail -n 1)
+  if [ -z "$summary" ]; then
+    status=1
+    continue
+  fi
+  f=$(sed -E 's/.* ([0-9]+) tests? failed out of ([0-9]+).*/\1/' <<<"$summary")
+  t=$(sed -E 's/.* failed out of ([0-9]+).*/\1/' <<<"$summary")
+  s=$(grep -cE '\(Skipped\)$' "$log" || true)
+  passed=$((passed + t - f - s)) failed=$((failed + f)) skipped=$((skipped + s))
+done
+printf '\nall presets: %d passed, %d failed, %d skipped\n' "$passed" "$failed" "$skipped"
+[ "$failed" -eq 0 ] || status=1
+exit "$status"
