@@ -1,5 +1,9 @@
 # Libraries taken from Debian's packages (natively) or from the MinGW sysroot
 # and the setup script's jsoncpp build (cross). Each is exposed as kvt1::<name>.
+if(WIN32)
+  # Windows binaries carry zlib inside, like their C and C++ runtimes.
+  set(ZLIB_USE_STATIC_LIBS ON)
+endif()
 find_package(ZLIB REQUIRED)
 add_library(kvt1::zlib ALIAS ZLIB::ZLIB)
 

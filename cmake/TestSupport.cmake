@@ -24,7 +24,8 @@ if(CMAKE_CROSSCOMPILING AND WIN32)
     set_tests_properties(wine_prefix_shutdown PROPERTIES FIXTURES_CLEANUP wine)
   else()
     set(KVT1_WINE_AVAILABLE OFF)
-    message(STATUS "${KVT1_WINE_LOADER} is missing: the ${CMAKE_SYSTEM_PROCESSOR} tests will be skipped")
+    message(STATUS "SKIPPING the ${CMAKE_SYSTEM_PROCESSOR} Windows tests: ${KVT1_WINE_LOADER} is missing "
+                   "(Debian's wine32:i386 could not be installed on this machine)")
   endif()
 endif()
 

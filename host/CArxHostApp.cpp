@@ -4,7 +4,11 @@
 #include "host/ProductIdentity.h"
 #include "host/ResourceScope.h"
 #include "host/SupportPath.h"
+#include "host/UserDataFolder.h"
 #include "platform/ThisModule.h"
+#include "settings/CSettingsStore.h"
+#include "settings/HelpFiles.h"
+#include "settings/SettingNumbers.h"
 
 namespace kvt1 {
 
@@ -21,6 +25,8 @@ void startMenuCommand() { theApp().startMenu(); }
 
 }  // namespace
 
+CArxHostApp::CArxHostApp() : m_services(m_helpMap, theSettings()) {}
+
 CArxHostApp& theApp() {
   static CArxHostApp app;
   return app;
@@ -35,8 +41,16 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
   m_htmlEngine = platform::DynamicLibrary::load(splitModulePath(modulePath).folder + L"\\htmlayout.dll");
 
   AcRxArxApp::On_kInitAppMsg(pkt);
+  CSettingsStore& settings = theSettings();
+  ensureUserDataFolder(settings);
   registerCommand();
   m_location = splitModulePath(modulePath);
+
+  // Without a user data folder the module cannot work; the host unloads it.
+  std::wstring userData;
+  if (settings.readString(kSettingUserDataPath, userData) != 0 || userData.empty()) return AcRx::kRetError;
+
+  m_helpMap.load(helpMapFile(settings));
   cleanSupportPath(kEarlierInstallationMarker);
   return AcRx::kRetOK;
 }
@@ -66,6 +80,7 @@ AcRx::AppRetCode CArxHostApp::On_kInvkSubrMsg(void* pkt) {
 }
 
 void CArxHostApp::startMenu() {
+  m_helpMap.load(helpMapFile(theSettings()));
   if (m_menuStarted) return;
   m_menuStarted = true;
   const std::wstring folder = doubleBackslashes(m_location.folder);

@@ -8,6 +8,7 @@
 #include "host/ModulePath.h"
 #include "host/arx/Arx.h"
 #include "platform/DynamicLibrary.h"
+#include "settings/CHelpTopicMap.h"
 
 namespace kvt1 {
 
@@ -15,6 +16,8 @@ extern const wchar_t kCommandGroup[];
 
 class CArxHostApp : public AcRxArxApp {
  public:
+  CArxHostApp();
+
   AcRx::AppRetCode On_kInitAppMsg(void* pkt) override;
   AcRx::AppRetCode On_kUnloadAppMsg(void* pkt) override;
   AcRx::AppRetCode On_kLoadDwgMsg(void* pkt) override;
@@ -37,6 +40,7 @@ class CArxHostApp : public AcRxArxApp {
   ModuleLocation m_location;
   bool m_menuStarted = false;
   platform::DynamicLibrary m_htmlEngine;
+  CHelpTopicMap m_helpMap;
   CLispServices m_services;
 };
 

@@ -1,15 +1,23 @@
 #pragma once
 // The services behind the LISP functions, called once a call's arguments have
-// passed their checks. Each answers on its own subsystem's behalf: help topics
-// and the support page (settings), the splash and information dialogs, usage
-// counting and the update check settings. A service whose subsystem is not in
-// this build answers with no visible effect, and kvt1_GetSettings with "0".
+// passed their checks. Help topics, function help and the support page are
+// answered here; the splash and information dialogs, usage counting and the
+// update check settings answer with no visible effect until their subsystems
+// are part of the module (kvt1_GetSettings then answers "0").
 #include <string>
 
 namespace kvt1 {
 
+class CHelpTopicMap;
+class CSettingsStore;
+
+// The maker's support page, opened by kvt1_support.
+extern const wchar_t kSupportPageAddress[];
+
 class CLispServices {
  public:
+  CLispServices(CHelpTopicMap& helpMap, CSettingsStore& settings) : helpMap_(helpMap), settings_(settings) {}
+
   void showHelp(const std::wstring& dialogName);
   void driveSplash(int code);
   void showInfo();
@@ -18,6 +26,10 @@ class CLispServices {
   void openSupportPage();
   bool readSetting(const std::wstring& key);
   void writeSetting(const std::wstring& key, const std::wstring& value);
+
+ private:
+  CHelpTopicMap& helpMap_;
+  CSettingsStore& settings_;
 };
 
 }  // namespace kvt1

@@ -46,6 +46,7 @@ native_packages=(
   build-essential cmake ninja-build ccache pkg-config git ca-certificates
   zlib1g-dev libjsoncpp-dev libcurl4-openssl-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
+  libpugixml-dev libtinyxml2-dev libxml2-dev clang libclang-rt-14-dev
 )
 mingw_packages=(
   g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64-x86-64

@@ -5,6 +5,8 @@
 
 #include "host/LispFunctions.h"
 #include "host/LispServices.h"
+#include "settings/CHelpTopicMap.h"
+#include "settings/CSettingsStore.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
 #include "tools/kvt1-host/core/ResultBuffers.h"
 
@@ -36,7 +38,9 @@ class Dispatcher : public ::testing::Test {
   }
 
   std::wstring output;
-  CLispServices services;
+  CHelpTopicMap helpMap;
+  CSettingsStore settings;
+  CLispServices services{helpMap, settings};
 };
 
 LispValue str(const wchar_t* text) { return LispValue::fromString(text); }

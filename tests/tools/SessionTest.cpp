@@ -6,6 +6,9 @@
 
 #include "host/ModulePath.h"
 #include "platform/ThisModule.h"
+#include "settings/CSettingsStore.h"
+#include "settings/SettingNumbers.h"
+#include "tests/common/TestInstallation.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
 
 namespace kvt1::emu {
@@ -31,6 +34,7 @@ class EmulatorSession : public ::testing::Test {
   // The module folder as the queued LISP strings spell it.
   static std::wstring lispFolder() { return doubleBackslashes(splitModulePath(modulePath()).folder); }
 
+  testing::TestInstallation installation;
   std::wstring output;
   std::unique_ptr<Session> session;
 };
@@ -101,6 +105,44 @@ TEST_F(EmulatorSession, EchoesEachLineAsTheCommandLineShowsIt) {
   start();
   session->setEcho(true);
   EXPECT_EQ(run(L"(kvt1_info \"a\")\nNEW\n"), L"Command: (kvt1_info \"a\")\nMore parameters provided\nnil\nCommand: NEW\n");
+}
+
+TEST_F(EmulatorSession, GivesTheUserADataFolderAtFirstStart) {
+  start();
+  session->unload();
+  std::wstring userData;
+  ASSERT_EQ(CSettingsStore().readString(kSettingUserDataPath, userData), 0);
+  EXPECT_NE(userData.find(L"Halvorn Systems\\KVT 1"), std::wstring::npos);
+}
+
+TEST_F(EmulatorSession, HelpOpensTopicsOrTheContents) {
+  installation.writeFile(L"Program\\KVTHelpID.csv", "_debug,,,0\nAirportDialog,kv_airport,airport.htm,10120\n");
+  const std::wstring help = installation.writeFile(L"Data\\Help\\KVT.chm", "ITSF");
+  start();
+  EXPECT_EQ(run(L"(kvt1_help \"AirportDialog\")\n(kvt1_help \"NoSuchDialog\")\n"),
+            L"HelpMapping; Dialog:AirportDialog  Id:10120\nhelp: topic 10120 of " + help + L"\n(0)\n"
+            L"HelpMapping; Dialog:NoSuchDialog  NotFound\nhelp: contents of " + help + L"\n(0)\n");
+  EXPECT_EQ(run(L"(kvt1_setfunhelp \"c:kv_airport\" \"AIRPORT\")\n(kvt1_setfunhelp \"c:x\" \"runway\")\n"),
+            L"HelpMapping; Command:AIRPORT  Topic:airport.htm\n(0)\nHelpMapping; Command:runway  Not found\n(0)\n");
+  const auto& recorded = EmulatedHost::instance().functionHelp();
+  ASSERT_EQ(recorded.size(), 1u);
+  EXPECT_EQ(recorded[0].function, L"c:kv_airport");
+  EXPECT_EQ(recorded[0].topic, L"airport.htm");
+  EXPECT_EQ(recorded[0].helpFile.find(L'\\'), std::wstring::npos);  // forward slashes only
+}
+
+TEST_F(EmulatorSession, OpensTheSupportPageMaximised) {
+  start();
+  EXPECT_EQ(run(L"(kvt1_support)\n"), L"shell open: https://www.halvorn.aero/support/kvt (show 3)\n(0)\n");
+}
+
+TEST(EmulatorLoad, AModuleWithoutAnInstallationRefusesToStart) {
+  testing::TestInstallation notInstalled(false);
+  std::wstring output;
+  Session session([&](const std::wstring& text) { output += text; });
+  EXPECT_FALSE(session.load(modulePath()));
+  EXPECT_EQ(output, L"; error: line 0: the module refused to initialise (kRetError); the host unloads it\n");
+  EXPECT_EQ(EmulatedHost::instance().commandStack().find(L"KVT1"), nullptr);
 }
 
 TEST(EmulatorLoad, RefusesAFileThatIsNoModule) {

@@ -1,5 +1,6 @@
 // kvt1-host: plays the CAD host for a KVT1 module file.
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -30,6 +31,8 @@ const wchar_t kUsage[] =
     L"Options:\n"
     L"  --env NAME=VALUE    sets a host environment value, e.g. ACAD (the\n"
     L"                      support search path); may be repeated\n"
+    L"  --registry DIR      keeps the registry in DIR (the Linux build's\n"
+    L"                      file-backed registry; default ~/.config/kvt1/registry)\n"
     L"  --echo              prints each line as \"Command: LINE\" before it runs\n"
     L"  --help              shows this text\n"
     L"\n"
@@ -50,6 +53,15 @@ bool readFile(const std::wstring& path, std::string& bytes) {
   return true;
 }
 
+// The module's registry store reads its folder from the environment when first used.
+bool useRegistryFolder(const std::wstring& folder) {
+#ifdef _WIN32
+  return false;
+#else
+  return setenv("KVT1_REGISTRY_DIR", kvt1::platform::toUtf8(folder).c_str(), 1) == 0;
+#endif
+}
+
 void printError(const std::wstring& text) {
   const std::string bytes = kvt1::platform::toUtf8(L"kvt1-host: " + text + L"\n");
   std::fwrite(bytes.data(), 1, bytes.size(), stderr);
@@ -59,6 +71,7 @@ int run(const std::vector<std::wstring>& args) {
   std::vector<std::pair<std::wstring, std::wstring>> environment;
   std::vector<std::wstring> positional;
   bool echo = false;
+  std::wstring registryFolder;
   for (std::size_t i = 0; i < args.size(); ++i) {
     const std::wstring& arg = args[i];
     if (arg == L"--help" || arg == L"-h") {
@@ -67,6 +80,12 @@ int run(const std::vector<std::wstring>& args) {
     }
     if (arg == L"--echo") {
       echo = true;
+    } else if (arg == L"--registry") {
+      if (i + 1 >= args.size()) {
+        printError(L"--registry takes a folder");
+        return 1;
+      }
+      registryFolder = args[++i];
     } else if (arg == L"--env") {
       const std::size_t equals = i + 1 < args.size() ? args[i + 1].find(L'=') : std::wstring::npos;
       if (equals == std::wstring::npos || equals == 0) {
@@ -94,6 +113,11 @@ int run(const std::vector<std::wstring>& args) {
     return 1;
   }
   if (script.rfind("\xEF\xBB\xBF", 0) == 0) script.erase(0, 3);
+
+  if (!registryFolder.empty() && !useRegistryFolder(registryFolder)) {
+    printError(L"--registry applies to the Linux build's file-backed registry only");
+    return 1;
+  }
 
   kvt1::emu::Session session;
   session.setEcho(echo);

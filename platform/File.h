@@ -1,0 +1,17 @@
+#pragma once
+// Files as buffered C streams, opened by wide path, and folder creation.
+// Paths take "\" or "/" as folder separators on every system.
+#include <cstdio>
+#include <string>
+
+namespace kvt1::platform {
+
+// Opens the file with a C mode string ("rb", "wb", "ab+", "rb+", "wb+").
+// A read-only file is not opened with a mode that writes. nullptr on failure.
+std::FILE* openFile(const std::wstring& path, const char* mode);
+
+// Creates the folder and every missing folder above it. True when the folder
+// exists afterwards.
+bool createFolders(const std::wstring& path);
+
+}  // namespace kvt1::platform

@@ -1,0 +1,143 @@
+#include "settings/CSettingsStore.h"
+
+#include <cwchar>
+
+#include "settings/ProductKey.h"
+#include "settings/SettingNumbers.h"
+
+namespace kvt1 {
+namespace {
+
+using platform::RegistryAccess;
+using platform::RegistryKey;
+using platform::RegistryRoot;
+
+// String reads take a buffer of 100 characters, offered one byte short (199
+// bytes on Windows): 98 characters and the NUL fit.
+constexpr std::size_t kReadBufferCharacters = 100;
+constexpr std::uint32_t kReadBufferBytes = kReadBufferCharacters * sizeof(wchar_t) - 1;
+
+// Names of older versions' keys: "1" first, and a number below this version's.
+bool isOlderVersion(const std::wstring& name) {
+  if (name.empty() || name[0] != L'1') return false;
+  wchar_t* end = nullptr;
+  const double number = std::wcstod(name.c_str(), &end);
+  return end != name.c_str() && number < kSettingsVersionNumber;
+}
+
+}  // namespace
+
+CSettingsStore& theSettings() {
+  static CSettingsStore settings;
+  return settings;
+}
+
+bool CSettingsStore::openKeys() {
+  if (!machine_.isOpen() &&
+      RegistryKey::open(RegistryRoot::LocalMachine, productKeyPath(), RegistryAccess::Read, machine_) !=
+          platform::kRegSuccess) {
+    return false;
+  }
+  if (!user_.isOpen()) {
+    bool created = false;
+    if (RegistryKey::create(RegistryRoot::CurrentUser, productKeyPath(), RegistryAccess::Full, user_, &created) !=
+        platform::kRegSuccess) {
+      return false;
+    }
+    if (created) migrateOlderVersion();
+  }
+  return true;
+}
+
+void CSettingsStore::migrateOlderVersion() {
+  RegistryKey product;
+  if (RegistryKey::open(RegistryRoot::CurrentUser, productBaseKeyPath(), RegistryAccess::Full, product) !=
+      platform::kRegSuccess) {
+    return;
+  }
+  std::uint32_t count = 0;
+  if (product.subKeyCount(count) != platform::kRegSuccess) return;
+
+  RegistryKey current;
+  if (product.openSubKey(kSettingsVersion, RegistryAccess::Full, current) != platform::kRegSuccess) return;
+  for (std::uint32_t index = 0; index < count; ++index) {
+    std::wstring name;
+    if (product.enumSubKey(index, name) != platform::kRegSuccess) break;
+    if (!isOlderVersion(name)) continue;
+    if (product.copyTree(name, current) == platform::kRegSuccess) {
+      product.deleteTree(name);
+      return;
+    }
+  }
+}
+
+RegistryKey* CSettingsStore::keyFor(int number) { return number <= kLastMachineSetting ? &machine_ : &user_; }
+
+std::map<int, std::wstring>& CSettingsStore::cacheFor(int number) {
+  return number <= kLastMachineSetting ? machineCache_ : userCache_;
+}
+
+int CSettingsStore::readString(int number, std::wstring& text) {
+  auto& cache = cacheFor(number);
+  if (const auto cached = cache.find(number); cached != cache.end()) {
+    text = cached->second;
+    return 0;
+  }
+  const wchar_t* name = settingValueName(number);
+  if (name == nullptr || !openKeys()) return -2;
+
+  std::uint32_t type = 0;
+  wchar_t buffer[kReadBufferCharacters] = {};
+  std::uint32_t size = kReadBufferBytes;
+  if (keyFor(number)->queryValue(name, type, buffer, size) != platform::kRegSuccess) return -2;
+  if (type != platform::kRegSz) return -1;
+
+  // The stored bytes normally end with a NUL; a value written without one ends at the size.
+  std::size_t length = size / sizeof(wchar_t);
+  while (length > 0 && buffer[length - 1] == L'\0') --length;
+  text.assign(buffer, length);
+  cache[number] = text;
+  return 0;
+}
+
+int CSettingsStore::readBinary(int number, void* buffer, std::uint32_t& size) {
+  const wchar_t* name = settingValueName(number);
+  if (name == nullptr || !openKeys()) return -1;
+  std::uint32_t type = 0;
+  std::uint32_t needed = 0;
+  if (keyFor(number)->queryValue(name, type, nullptr, needed) != platform::kRegSuccess ||
+      type != platform::kRegBinary) {
+    return -1;
+  }
+  if (buffer == nullptr) {
+    size = needed;
+    return 0;
+  }
+  if (size < needed) {
+    size = needed;
+    return -1;
+  }
+  return keyFor(number)->queryValue(name, type, buffer, size) == platform::kRegSuccess ? 0 : -1;
+}
+
+long CSettingsStore::writeString(int number, const std::wstring& text) {
+  const wchar_t* name = settingValueName(number);
+  if (name == nullptr) return platform::kRegInvalidParameter;
+  if (!openKeys()) return platform::kRegFileNotFound;
+  const auto bytes = static_cast<std::uint32_t>((text.size() + 1) * sizeof(wchar_t));
+  const long result = keyFor(number)->setValue(name, platform::kRegSz, text.c_str(), bytes);
+  if (result == platform::kRegSuccess) cacheFor(number)[number] = text;
+  return result;
+}
+
+std::wstring CSettingsStore::readOrEmpty(int number) {
+  std::wstring text;
+  return readString(number, text) == 0 ? text : std::wstring();
+}
+
+std::wstring CSettingsStore::uiFolder() { return readOrEmpty(kSettingDataPath) + L"\\UI\\"; }
+std::wstring CSettingsStore::userFilesFolder() { return readOrEmpty(kSettingDataPath) + L"\\User Files"; }
+std::wstring CSettingsStore::helpFolder() { return readOrEmpty(kSettingDataPath) + L"\\Help"; }
+std::wstring CSettingsStore::deploymentFolder() { return readOrEmpty(kSettingDeploymentPath); }
+
+}  // namespace kvt1

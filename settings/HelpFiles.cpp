@@ -1,0 +1,52 @@
+#include "settings/HelpFiles.h"
+
+#include <cstdio>
+
+#include "host/ProductIdentity.h"
+#include "platform/File.h"
+#include "platform/HtmlHelp.h"
+#include "platform/MessageBox.h"
+#include "platform/WideFormat.h"
+#include "settings/CSettingsStore.h"
+#include "settings/SettingNumbers.h"
+
+namespace kvt1 {
+namespace {
+
+bool fileExists(const std::wstring& path) {
+  std::FILE* file = platform::openFile(path, "rb");
+  if (file == nullptr) return false;
+  std::fclose(file);
+  return true;
+}
+
+}  // namespace
+
+std::wstring helpMapFile(CSettingsStore& settings) {
+  std::wstring programPath;
+  settings.readString(kSettingProgramPath, programPath);
+  return programPath + L"\\" + productName(kProductNumber) + L"HelpID.csv";
+}
+
+std::wstring productHelpFile(CSettingsStore& settings) {
+  return settings.helpFolder() + L"\\" + productName(kProductNumber) + L".chm";
+}
+
+std::wstring installationHelpFile(CSettingsStore& settings) { return settings.helpFolder() + L"\\installation.chm"; }
+
+void showHelp(CSettingsStore& settings, int id, bool allowInstallationHelp) {
+  const bool installation = allowInstallationHelp && id >= 10 && id <= 13;
+  const std::wstring file = installation ? installationHelpFile(settings) : productHelpFile(settings);
+  if (!fileExists(file)) {
+    platform::showMessageBox(nullptr, platform::formatWide(L"Product help file '%s[%d]' was not found", file.c_str(), id),
+                             productName(kProductNumber), platform::kMbOk | platform::kMbIconWarning);
+    return;
+  }
+  if (id > 0) {
+    if (platform::htmlHelp(nullptr, file, platform::kHhHelpContext, static_cast<std::uintptr_t>(id))) return;
+    if (id >= 10100 && id <= 10106 && platform::htmlHelp(nullptr, file, platform::kHhHelpContext, 10100)) return;
+  }
+  platform::htmlHelp(nullptr, file, platform::kHhDisplayToc, 0);
+}
+
+}  // namespace kvt1

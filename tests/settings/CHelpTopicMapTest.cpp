@@ -1,0 +1,80 @@
+#include "settings/CHelpTopicMap.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/common/TestInstallation.h"
+
+namespace kvt1 {
+namespace {
+
+TEST(HelpTopicMap, ParsesFieldsTrimmedAndLowerCased) {
+  const SHelpTopic full = parseHelpTopicLine(L"  AirportDialog , KV_Airport ,Airport.htm, 10120\r\n");
+  EXPECT_EQ(full.dialog, L"airportdialog");
+  EXPECT_EQ(full.command, L"kv_airport");
+  EXPECT_EQ(full.topic, L"airport.htm");
+  EXPECT_EQ(full.id, 10120);
+
+  const SHelpTopic shortLine = parseHelpTopicLine(L"OnlyDialog");
+  EXPECT_EQ(shortLine.dialog, L"onlydialog");
+  EXPECT_EQ(shortLine.command, L"");
+  EXPECT_EQ(shortLine.id, 0);
+
+  EXPECT_EQ(parseHelpTopicLine(L"a,b,c,twelve").id, 0);
+  EXPECT_EQ(parseHelpTopicLine(L"a,b,c,12,extra,fields").id, 12);
+  EXPECT_EQ(parseHelpTopicLine(L",,,-3").id, -3);
+}
+
+TEST(HelpTopicMap, FindsTheFirstMatchByDialogOrCommandPart) {
+  testing::TestInstallation installation;
+  const std::wstring file = installation.writeFile(L"map.csv",
+      "Main,kv_main,main.htm,100\r\n"
+      "\r\n"
+      "   \r\n"
+      "Obstacles,kv_obstacle_list,obstacles.htm,200\r\n"
+      "Surfaces,kv_obstacle_surfaces,surfaces.htm,300\r\n");
+  CHelpTopicMap map;
+  map.load(file);
+  EXPECT_FALSE(map.logging());
+  ASSERT_EQ(map.records().size(), 3u);  // blank lines hold no record
+
+  SHelpTopic topic;
+  EXPECT_TRUE(map.findByDialog(L"MAIN", topic));
+  EXPECT_EQ(topic.id, 100);
+  EXPECT_FALSE(map.findByDialog(L"Mai", topic));  // dialogs match whole names
+  EXPECT_TRUE(map.findByCommand(L"OBSTACLE", topic));
+  EXPECT_EQ(topic.topic, L"obstacles.htm");  // the first of two lines holding it
+  EXPECT_TRUE(map.findByCommand(L"surf", topic));
+  EXPECT_EQ(topic.id, 300);
+  EXPECT_FALSE(map.findByCommand(L"runway", topic));
+}
+
+TEST(HelpTopicMap, DebugLineSwitchesLoggingAndRereadsBeforeEachLookup) {
+  testing::TestInstallation installation;
+  const std::wstring file = installation.writeFile(L"map.csv", "_debug,,,0\nMain,kv_main,main.htm,100\n");
+  CHelpTopicMap map;
+  map.load(file);
+  EXPECT_TRUE(map.logging());
+  ASSERT_EQ(map.records().size(), 1u);
+
+  installation.writeFile(L"map.csv", "_debug,,,0\nMain,kv_main,main.htm,101\n");
+  SHelpTopic topic;
+  EXPECT_TRUE(map.findByDialog(L"main", topic));
+  EXPECT_EQ(topic.id, 101);
+}
+
+TEST(HelpTopicMap, MissingFilesAndLongLines) {
+  testing::TestInstallation installation;
+  CHelpTopicMap map;
+  map.load(installation.folder() + L"\\none.csv");
+  EXPECT_TRUE(map.records().empty());
+
+  const std::string longTopic(5000, 't');
+  map.load(installation.writeFile(L"long.csv", "Long,kv_long," + longTopic + ",7\nNext,kv_next,next.htm,8\n"));
+  ASSERT_EQ(map.records().size(), 2u);
+  EXPECT_EQ(map.records()[0].topic.size(), 5000u);
+  EXPECT_EQ(map.records()[0].id, 7);
+  EXPECT_EQ(map.records()[1].id, 8);
+}
+
+}  // namespace
+}  // namespace kvt1

@@ -1,0 +1,140 @@
+#include "settings/CSettingsStore.h"
+
+#include <gtest/gtest.h>
+
+#include "settings/ProductKey.h"
+#include "settings/SettingNumbers.h"
+#include "tests/common/TestInstallation.h"
+
+namespace kvt1 {
+namespace {
+
+using platform::RegistryAccess;
+using platform::RegistryKey;
+using platform::RegistryRoot;
+
+void setUserValue(const std::wstring& keyPath, const wchar_t* name, std::uint32_t type, const std::wstring& value) {
+  RegistryKey key;
+  ASSERT_EQ(RegistryKey::create(RegistryRoot::CurrentUser, keyPath, RegistryAccess::Full, key), platform::kRegSuccess);
+  ASSERT_EQ(key.setValue(name, type, value.c_str(), static_cast<std::uint32_t>((value.size() + 1) * sizeof(wchar_t))),
+            platform::kRegSuccess);
+}
+
+bool userKeyExists(const std::wstring& path) {
+  RegistryKey key;
+  return RegistryKey::open(RegistryRoot::CurrentUser, path, RegistryAccess::Read, key) == platform::kRegSuccess;
+}
+
+TEST(SettingsStore, ReadsMachineValuesAndDerivesFolders) {
+  testing::TestInstallation installation;
+  CSettingsStore settings;
+  std::wstring text;
+  EXPECT_EQ(settings.readString(kSettingProgramPath, text), 0);
+  EXPECT_EQ(text, installation.programFolder());
+  EXPECT_EQ(settings.readString(kSettingLanguage, text), 0);
+  EXPECT_EQ(text, L"ENU");
+  EXPECT_EQ(settings.uiFolder(), installation.dataFolder() + L"\\UI\\");
+  EXPECT_EQ(settings.userFilesFolder(), installation.dataFolder() + L"\\User Files");
+  EXPECT_EQ(settings.helpFolder(), installation.dataFolder() + L"\\Help");
+  EXPECT_EQ(settings.deploymentFolder(), installation.folder() + L"\\Deployment");
+  EXPECT_EQ(settings.readString(kSettingTutorials, text), -2);  // not set
+  EXPECT_EQ(settings.readString(999, text), -2);                 // no such setting
+}
+
+TEST(SettingsStore, WithoutAnInstallationNothingCanBeReadOrWritten) {
+  testing::TestInstallation notInstalled(false);
+  CSettingsStore settings;
+  std::wstring text;
+  EXPECT_EQ(settings.readString(kSettingProgramPath, text), -2);
+  EXPECT_EQ(settings.readString(kSettingUserDataPath, text), -2);
+  EXPECT_NE(settings.writeString(kSettingUserDataPath, L"C:\\Data"), 0);
+  EXPECT_FALSE(userKeyExists(productKeyPath()));
+}
+
+TEST(SettingsStore, WritesAreCachedAndReadsComeFromTheCache) {
+  testing::TestInstallation installation;
+  CSettingsStore settings;
+  EXPECT_EQ(settings.writeString(kSettingUserDefinedPath, L"C:\\Mine"), 0);
+  std::wstring text;
+  EXPECT_EQ(settings.readString(kSettingUserDefinedPath, text), 0);
+  EXPECT_EQ(text, L"C:\\Mine");
+
+  // Changed behind the store's back: the cached text stays.
+  setUserValue(productKeyPath(), L"UserDefinedPath", platform::kRegSz, L"C:\\Other");
+  EXPECT_EQ(settings.readString(kSettingUserDefinedPath, text), 0);
+  EXPECT_EQ(text, L"C:\\Mine");
+  CSettingsStore fresh;
+  EXPECT_EQ(fresh.readString(kSettingUserDefinedPath, text), 0);
+  EXPECT_EQ(text, L"C:\\Other");
+
+  // The machine key is read only.
+  EXPECT_NE(settings.writeString(kSettingProgramPath, L"C:\\Elsewhere"), 0);
+  EXPECT_EQ(settings.readString(kSettingProgramPath, text), 0);
+  EXPECT_EQ(text, installation.programFolder());
+}
+
+TEST(SettingsStore, AcceptsOnlyPlainStringsThatFitItsBuffer) {
+  testing::TestInstallation installation;
+  setUserValue(productKeyPath(), L"Tutorials", platform::kRegExpandSz, L"%APPDATA%\\Tutorials");
+  setUserValue(productKeyPath(), L"PropTemplateDir", platform::kRegSz, std::wstring(99, L'x'));
+  setUserValue(productKeyPath(), L"PlotTemplateFile", platform::kRegSz, std::wstring(98, L'y'));
+
+  CSettingsStore settings;
+  std::wstring text;
+  EXPECT_EQ(settings.readString(kSettingTutorials, text), -1);
+  // Reads offer 199 bytes: 98 characters and the NUL fit, 99 do not.
+  EXPECT_EQ(settings.readString(kSettingPropTemplateDir, text), -2);
+  EXPECT_EQ(settings.readString(kSettingPlotTemplateFile, text), 0);
+  EXPECT_EQ(text, std::wstring(98, L'y'));
+}
+
+TEST(SettingsStore, ReadsBinaryValuesWithTheirSize) {
+  testing::TestInstallation installation;
+  CSettingsStore settings;
+  settings.writeString(kSettingAllowAEMigr, L"1");
+  RegistryKey key;
+  ASSERT_EQ(RegistryKey::open(RegistryRoot::CurrentUser, productKeyPath(), RegistryAccess::Full, key),
+            platform::kRegSuccess);
+  const unsigned char bytes[] = {1, 2, 3, 4, 5};
+  ASSERT_EQ(key.setValue(L"Tutorials", platform::kRegBinary, bytes, sizeof bytes), platform::kRegSuccess);
+
+  std::uint32_t size = 0;
+  EXPECT_EQ(settings.readBinary(kSettingTutorials, nullptr, size), 0);
+  EXPECT_EQ(size, 5u);
+  unsigned char small[3] = {};
+  size = sizeof small;
+  EXPECT_EQ(settings.readBinary(kSettingTutorials, small, size), -1);
+  EXPECT_EQ(size, 5u);
+  unsigned char buffer[8] = {};
+  size = sizeof buffer;
+  EXPECT_EQ(settings.readBinary(kSettingTutorials, buffer, size), 0);
+  EXPECT_EQ(size, 5u);
+  EXPECT_EQ(buffer[4], 5);
+  EXPECT_EQ(settings.readBinary(kSettingAllowAEMigr, nullptr, size), -1);  // a string, not binary
+}
+
+TEST(SettingsStore, MovesAnOlderVersionsSettingsOnceWhenItsKeyIsCreated) {
+  testing::TestInstallation installation;
+  const std::wstring base = productBaseKeyPath();
+  setUserValue(base + L"\\0.9\\CAD", L"DataPath", platform::kRegSz, L"C:\\From 0.9");
+  setUserValue(base + L"\\1.0\\CAD", L"DataPath", platform::kRegSz, L"C:\\From 1.0");
+  setUserValue(base + L"\\10\\CAD", L"DataPath", platform::kRegSz, L"C:\\From 10");
+
+  CSettingsStore settings;
+  std::wstring text;
+  EXPECT_EQ(settings.readString(kSettingUserDataPath, text), 0);
+  EXPECT_EQ(text, L"C:\\From 1.0");
+  EXPECT_FALSE(userKeyExists(base + L"\\1.0"));
+  EXPECT_TRUE(userKeyExists(base + L"\\0.9"));
+  EXPECT_TRUE(userKeyExists(base + L"\\10"));
+
+  // Once this version's key exists, older keys stay where they are.
+  setUserValue(base + L"\\1.05\\CAD", L"DataPath", platform::kRegSz, L"C:\\From 1.05");
+  CSettingsStore later;
+  EXPECT_EQ(later.readString(kSettingUserDataPath, text), 0);
+  EXPECT_EQ(text, L"C:\\From 1.0");
+  EXPECT_TRUE(userKeyExists(base + L"\\1.05"));
+}
+
+}  // namespace
+}  // namespace kvt1

@@ -1,0 +1,36 @@
+#include "tests/settings/HeadlessRecorder.h"
+
+#include "platform/HtmlHelp.h"
+#include "platform/MessageBox.h"
+
+#ifdef _WIN32
+#define TEST_EXPORT extern "C" __declspec(dllexport)
+#else
+#define TEST_EXPORT extern "C" __attribute__((visibility("default")))
+#endif
+
+namespace kvt1::testing {
+
+HeadlessRecord& headless() {
+  static HeadlessRecord record;
+  return record;
+}
+
+}  // namespace kvt1::testing
+
+using kvt1::testing::headless;
+
+TEST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned) {
+  headless().messages.push_back(std::wstring(caption) + L": " + text);
+  return kvt1::platform::kIdOk;
+}
+
+TEST_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned command, unsigned long long data) {
+  static int window = 0;
+  if (command == kvt1::platform::kHhHelpContext) {
+    headless().helpRequests.push_back(L"context " + std::to_wstring(data) + L" " + file);
+    return headless().knownTopics.count(data) ? &window : nullptr;
+  }
+  headless().helpRequests.push_back(L"contents " + std::wstring(file));
+  return &window;
+}

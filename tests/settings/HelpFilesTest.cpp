@@ -1,0 +1,75 @@
+#include "settings/HelpFiles.h"
+
+#include <gtest/gtest.h>
+
+#include "settings/CSettingsStore.h"
+#include "tests/common/TestInstallation.h"
+#include "tests/settings/HeadlessRecorder.h"
+
+namespace kvt1 {
+namespace {
+
+class HelpFiles : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    testing::headless() = {};
+    productHelp = installation.writeFile(L"Data\\Help\\KVT.chm", "ITSF");
+    installationHelp = installation.writeFile(L"Data\\Help\\installation.chm", "ITSF");
+  }
+
+  std::vector<std::wstring>& requests() { return testing::headless().helpRequests; }
+
+  testing::TestInstallation installation;
+  CSettingsStore settings;
+  std::wstring productHelp;
+  std::wstring installationHelp;
+};
+
+TEST_F(HelpFiles, NamesTheInstallationsFiles) {
+  EXPECT_EQ(productHelpFile(settings), productHelp);
+  EXPECT_EQ(installationHelpFile(settings), installationHelp);
+  EXPECT_EQ(helpMapFile(settings), installation.programFolder() + L"\\KVTHelpID.csv");
+}
+
+TEST_F(HelpFiles, ShowsAKnownTopic) {
+  testing::headless().knownTopics = {42};
+  showHelp(settings, 42, false);
+  EXPECT_EQ(requests(), std::vector<std::wstring>{L"context 42 " + productHelp});
+}
+
+TEST_F(HelpFiles, UnknownTopicsFallBackToTheContents) {
+  showHelp(settings, 42, false);
+  showHelp(settings, 0, false);
+  EXPECT_EQ(requests(), (std::vector<std::wstring>{L"context 42 " + productHelp, L"contents " + productHelp,
+                                                    L"contents " + productHelp}));
+}
+
+TEST_F(HelpFiles, TopicsOfTheSeries10100TryTheirFirstTopic) {
+  testing::headless().knownTopics = {10100};
+  showHelp(settings, 10105, false);
+  showHelp(settings, 10107, false);
+  EXPECT_EQ(requests(), (std::vector<std::wstring>{L"context 10105 " + productHelp, L"context 10100 " + productHelp,
+                                                    L"context 10107 " + productHelp, L"contents " + productHelp}));
+}
+
+TEST_F(HelpFiles, InstallationTopicsOnlyWhenAllowed) {
+  testing::headless().knownTopics = {10};
+  showHelp(settings, 10, true);
+  showHelp(settings, 10, false);
+  showHelp(settings, 14, true);
+  EXPECT_EQ(requests(), (std::vector<std::wstring>{L"context 10 " + installationHelp, L"context 10 " + productHelp,
+                                                    L"context 14 " + productHelp, L"contents " + productHelp}));
+}
+
+TEST_F(HelpFiles, AMissingHelpFileIsReported) {
+  testing::TestInstallation elsewhere;  // an installation without help files
+  CSettingsStore other;
+  showHelp(other, 7, false);
+  EXPECT_TRUE(requests().empty());
+  ASSERT_EQ(testing::headless().messages.size(), 1u);
+  EXPECT_EQ(testing::headless().messages[0],
+            L"KVT: Product help file '" + productHelpFile(other) + L"[7]' was not found");
+}
+
+}  // namespace
+}  // namespace kvt1

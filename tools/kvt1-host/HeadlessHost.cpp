@@ -1,0 +1,54 @@
+// The emulator has no desktop: it answers the module's message boxes, shell
+// requests and help windows itself, printing what a user would have seen.
+#include <cstdint>
+#include <string>
+
+#include "platform/HeadlessHost.h"
+#include "platform/HtmlHelp.h"
+#include "platform/MessageBox.h"
+#include "platform/WideFormat.h"
+#include "tools/kvt1-host/core/EmulatedHost.h"
+
+#ifdef _WIN32
+#define KVT1_HOST_EXPORT extern "C" __declspec(dllexport)
+#else
+#define KVT1_HOST_EXPORT extern "C" __attribute__((visibility("default")))
+#endif
+
+using kvt1::emu::EmulatedHost;
+using kvt1::platform::formatWide;
+
+namespace {
+
+// The box's default button: the first of its set.
+int defaultAnswer(unsigned type) {
+  switch (type & 0xF) {
+    case kvt1::platform::kMbAbortRetryIgnore: return kvt1::platform::kIdAbort;
+    case kvt1::platform::kMbYesNoCancel:
+    case kvt1::platform::kMbYesNo: return kvt1::platform::kIdYes;
+    case kvt1::platform::kMbRetryCancel: return kvt1::platform::kIdRetry;
+    default: return kvt1::platform::kIdOk;
+  }
+}
+
+}  // namespace
+
+KVT1_HOST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned type) {
+  EmulatedHost::instance().print(formatWide(L"message box: [%s] %s\n", caption, text));
+  return defaultAnswer(type);
+}
+
+KVT1_HOST_EXPORT bool kvt1HeadlessShellOpen(const wchar_t* target, int showCommand) {
+  EmulatedHost::instance().print(formatWide(L"shell open: %s (show %d)\n", target, showCommand));
+  return true;
+}
+
+KVT1_HOST_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned command, unsigned long long data) {
+  static int window = 0;
+  if (command == kvt1::platform::kHhHelpContext) {
+    EmulatedHost::instance().print(formatWide(L"help: topic %I64u of %s\n", data, file));
+  } else {
+    EmulatedHost::instance().print(formatWide(L"help: contents of %s\n", file));
+  }
+  return &window;
+}
