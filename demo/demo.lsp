@@ -12,8 +12,14 @@
 (kvt1_splash "x")
 (kvt1_GetSettings 1)
 
-; Calls that pass their checks.
+; Help: a dialog's topic, the contents for an unknown dialog, and help
+; attached to a LISP command.
 (kvt1_help "AirportDialog")
+(kvt1_help "NoSuchDialog")
+(kvt1_setfunhelp "c:kv_surfaces" "kv_surfaces")
+
+; The support page, a usage count and a setting.
+(kvt1_support)
 (kvt1_reporting "Count::Surfaces")
 (kvt1_GetSettings "##120")
 

@@ -46,6 +46,7 @@ native_packages=(
   build-essential cmake ninja-build ccache pkg-config git ca-certificates
   zlib1g-dev libjsoncpp-dev libcurl4-openssl-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
+  fp-utils
   libpugixml-dev libtinyxml2-dev libxml2-dev clang libclang-rt-14-dev
 )
 mingw_packages=(

@@ -4,7 +4,9 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <map>
 #include <string>
+#include <utility>
 
 #include "platform/Unicode.h"
 
@@ -33,13 +35,40 @@ std::string iconvName(unsigned codePage) {
   return "CP" + std::to_string(codePage);
 }
 
-// Converts with one iconv descriptor. A unit that cannot be converted is
+const iconv_t kNoDescriptor = reinterpret_cast<iconv_t>(-1);
+
+// Descriptors stay open for the thread's life: opening one costs far more
+// than most conversions. A descriptor is used by one thread only.
+class Descriptors {
+ public:
+  ~Descriptors() {
+    for (auto& entry : open_) {
+      if (entry.second != kNoDescriptor) iconv_close(entry.second);
+    }
+  }
+  iconv_t get(const std::string& from, const std::string& to) {
+    auto [it, inserted] = open_.try_emplace({from, to}, kNoDescriptor);
+    if (inserted) it->second = iconv_open(to.c_str(), from.c_str());
+    return it->second;
+  }
+
+ private:
+  std::map<std::pair<std::string, std::string>, iconv_t> open_;
+};
+
+iconv_t descriptor(const std::string& from, const std::string& to) {
+  thread_local Descriptors descriptors;
+  return descriptors.get(from, to);
+}
+
+// Converts with the pair's descriptor. A unit that cannot be converted is
 // replaced and reported; for UTF-8 input the unit is a whole character.
 bool convert(const std::string& from, const std::string& to, std::string_view input, std::string& output,
              const std::string& replacement, bool inputIsUtf8) {
   output.clear();
-  iconv_t cd = iconv_open(to.c_str(), from.c_str());
-  if (cd == reinterpret_cast<iconv_t>(-1)) return false;
+  iconv_t cd = descriptor(from, to);
+  if (cd == kNoDescriptor) return false;
+  iconv(cd, nullptr, nullptr, nullptr, nullptr);  // back to the initial state
   bool lossless = true;
   char* in = const_cast<char*>(input.data());
   std::size_t inLeft = input.size();
@@ -59,25 +88,23 @@ bool convert(const std::string& from, const std::string& to, std::string_view in
     ++in, --inLeft;
     while (inputIsUtf8 && inLeft > 0 && (static_cast<unsigned char>(*in) & 0xC0) == 0x80) ++in, --inLeft;
   }
-  iconv_close(cd);
   return lossless;
 }
 
 }  // namespace
 
 unsigned ansiCodePage() {
-  if (const char* configured = std::getenv("KVT1_ANSI_CODEPAGE")) {
+  static const unsigned configuredOnce = [] {
+    const char* configured = std::getenv("KVT1_ANSI_CODEPAGE");
+    if (configured == nullptr) return 1252u;
     const unsigned long number = std::strtoul(configured, nullptr, 10);
-    if (number > 0 && isCodePageSupported(static_cast<unsigned>(number))) return static_cast<unsigned>(number);
-  }
-  return 1252;
+    return number > 0 && isCodePageSupported(static_cast<unsigned>(number)) ? static_cast<unsigned>(number) : 1252u;
+  }();
+  return configuredOnce;
 }
 
 bool isCodePageSupported(unsigned codePage) {
-  iconv_t cd = iconv_open("UTF-8", iconvName(codePage).c_str());
-  if (cd == reinterpret_cast<iconv_t>(-1)) return false;
-  iconv_close(cd);
-  return true;
+  return descriptor(iconvName(codePage), "UTF-8") != kNoDescriptor;
 }
 
 bool bytesToWide(unsigned codePage, std::string_view bytes, std::wstring& out) {

@@ -14,6 +14,14 @@
 namespace kvt1::emu {
 namespace {
 
+// The path with every backslash turned into a slash.
+std::wstring slashed(std::wstring path) {
+  for (wchar_t& c : path) {
+    if (c == L'\\') c = L'/';
+  }
+  return path;
+}
+
 // The module file built beside this test program, as the host would load it.
 std::wstring modulePath() { return splitModulePath(platform::thisModulePath()).folder + KVT1_TEST_MODULE_NAME; }
 
@@ -123,12 +131,14 @@ TEST_F(EmulatorSession, HelpOpensTopicsOrTheContents) {
             L"HelpMapping; Dialog:AirportDialog  Id:10120\nhelp: topic 10120 of " + help + L"\n(0)\n"
             L"HelpMapping; Dialog:NoSuchDialog  NotFound\nhelp: contents of " + help + L"\n(0)\n");
   EXPECT_EQ(run(L"(kvt1_setfunhelp \"c:kv_airport\" \"AIRPORT\")\n(kvt1_setfunhelp \"c:x\" \"runway\")\n"),
-            L"HelpMapping; Command:AIRPORT  Topic:airport.htm\n(0)\nHelpMapping; Command:runway  Not found\n(0)\n");
+            L"HelpMapping; Command:AIRPORT  Topic:airport.htm\n"
+            L"function help: c:kv_airport -> topic \"airport.htm\" of " + slashed(help) + L"\n(0)\n"
+            L"HelpMapping; Command:runway  Not found\n(0)\n");
   const auto& recorded = EmulatedHost::instance().functionHelp();
   ASSERT_EQ(recorded.size(), 1u);
   EXPECT_EQ(recorded[0].function, L"c:kv_airport");
   EXPECT_EQ(recorded[0].topic, L"airport.htm");
-  EXPECT_EQ(recorded[0].helpFile.find(L'\\'), std::wstring::npos);  // forward slashes only
+  EXPECT_EQ(recorded[0].helpFile, slashed(help));  // forward slashes only
 }
 
 TEST_F(EmulatorSession, OpensTheSupportPageMaximised) {

@@ -27,6 +27,8 @@ int acedUndef(const ACHAR* pszName, ArxFunctionNumber nFuncNum) {
 int acedSetFunHelp(const ACHAR* pszFunctionName, const ACHAR* pszHelpfile, const ACHAR* pszTopic, int iCmd) {
   if (!pszFunctionName || !pszHelpfile) return RTERROR;
   host().recordFunctionHelp({pszFunctionName, pszHelpfile, pszTopic ? pszTopic : L"", iCmd});
+  host().print(kvt1::platform::formatWide(L"function help: %s -> topic \"%s\" of %s\n", pszFunctionName,
+                                          pszTopic ? pszTopic : L"", pszHelpfile));
   return RTNORM;
 }
 
