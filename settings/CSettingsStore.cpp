@@ -32,21 +32,20 @@ CSettingsStore& theSettings() {
   return settings;
 }
 
-bool CSettingsStore::openKeys() {
+void CSettingsStore::openKeys() {
+  // Without the installation's machine key nothing is opened.
   if (!machine_.isOpen() &&
       RegistryKey::open(RegistryRoot::LocalMachine, productKeyPath(), RegistryAccess::Read, machine_) !=
           platform::kRegSuccess) {
-    return false;
+    return;
   }
-  if (!user_.isOpen()) {
-    bool created = false;
-    if (RegistryKey::create(RegistryRoot::CurrentUser, productKeyPath(), RegistryAccess::Full, user_, &created) !=
-        platform::kRegSuccess) {
-      return false;
-    }
-    if (created) migrateOlderVersion();
+  bool created = false;
+  if (!user_.isOpen() &&
+      RegistryKey::create(RegistryRoot::CurrentUser, productKeyPath(), RegistryAccess::Full, user_, &created) ==
+          platform::kRegSuccess &&
+      created) {
+    migrateOlderVersion();
   }
-  return true;
 }
 
 void CSettingsStore::migrateOlderVersion() {
@@ -84,7 +83,8 @@ int CSettingsStore::readString(int number, std::wstring& text) {
     return 0;
   }
   const wchar_t* name = settingValueName(number);
-  if (name == nullptr || !openKeys()) return -2;
+  openKeys();
+  if (name == nullptr || !keyFor(number)->isOpen()) return -2;
 
   std::uint32_t type = 0;
   wchar_t buffer[kReadBufferCharacters] = {};
@@ -102,7 +102,8 @@ int CSettingsStore::readString(int number, std::wstring& text) {
 
 int CSettingsStore::readBinary(int number, void* buffer, std::uint32_t& size) {
   const wchar_t* name = settingValueName(number);
-  if (name == nullptr || !openKeys()) return -1;
+  openKeys();
+  if (name == nullptr || !keyFor(number)->isOpen()) return -1;
   std::uint32_t type = 0;
   std::uint32_t needed = 0;
   if (keyFor(number)->queryValue(name, type, nullptr, needed) != platform::kRegSuccess ||
@@ -123,7 +124,8 @@ int CSettingsStore::readBinary(int number, void* buffer, std::uint32_t& size) {
 long CSettingsStore::writeString(int number, const std::wstring& text) {
   const wchar_t* name = settingValueName(number);
   if (name == nullptr) return platform::kRegInvalidParameter;
-  if (!openKeys()) return platform::kRegFileNotFound;
+  openKeys();
+  if (!keyFor(number)->isOpen()) return platform::kRegFileNotFound;
   const auto bytes = static_cast<std::uint32_t>((text.size() + 1) * sizeof(wchar_t));
   const long result = keyFor(number)->setValue(name, platform::kRegSz, text.c_str(), bytes);
   if (result == platform::kRegSuccess) cacheFor(number)[number] = text;

@@ -29,7 +29,7 @@ class CSettingsStore {
   std::wstring deploymentFolder();
 
  private:
-  bool openKeys();
+  void openKeys();
   void migrateOlderVersion();
   platform::RegistryKey* keyFor(int number);
   std::map<int, std::wstring>& cacheFor(int number);

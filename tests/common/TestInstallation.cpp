@@ -50,7 +50,8 @@ void removeProductKeys() {
 
 }  // namespace
 
-TestInstallation::TestInstallation(bool machineKey) : folder_(uniqueFolder()) {
+TestInstallation::TestInstallation(bool machineKey, const std::wstring& dataFolderName)
+    : folder_(uniqueFolder()), dataFolderName_(dataFolderName) {
   const std::pair<const wchar_t*, std::wstring> values[] = {
       {L"ProgramPath", programFolder()},
       {L"Language", L"ENU"},

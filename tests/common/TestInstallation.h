@@ -12,7 +12,8 @@ namespace kvt1::testing {
 class TestInstallation {
  public:
   // With machineKey false, the product is not installed: no machine key.
-  explicit TestInstallation(bool machineKey = true);
+  // dataFolderName names the installation's data folder.
+  explicit TestInstallation(bool machineKey = true, const std::wstring& dataFolderName = L"Data");
   ~TestInstallation();
   TestInstallation(const TestInstallation&) = delete;
   TestInstallation& operator=(const TestInstallation&) = delete;
@@ -20,13 +21,14 @@ class TestInstallation {
   // The temporary folder, ending without a separator.
   const std::wstring& folder() const { return folder_; }
   std::wstring programFolder() const { return folder_ + L"\\Program"; }
-  std::wstring dataFolder() const { return folder_ + L"\\Data"; }
+  std::wstring dataFolder() const { return folder_ + L"\\" + dataFolderName_; }
 
   // Writes a text file (UTF-8) below the folder, creating its folders.
   std::wstring writeFile(const std::wstring& relativePath, const std::string& contents) const;
 
  private:
   std::wstring folder_;
+  std::wstring dataFolderName_;
 };
 
 }  // namespace kvt1::testing

@@ -76,5 +76,19 @@ TEST(HelpTopicMap, MissingFilesAndLongLines) {
   EXPECT_EQ(map.records()[1].id, 8);
 }
 
+TEST(HelpTopicMap, ReadsALargeMapToItsLastLine) {
+  testing::TestInstallation installation;
+  std::string map;
+  for (int i = 0; map.size() < 5 * 1024 * 1024; ++i) {
+    map += "Dialog" + std::to_string(i) + ",kv_command_" + std::to_string(i) + ",topic.htm," + std::to_string(i) + "\n";
+  }
+  map += "LastDialog,kv_last,last.htm,99999\n";
+  CHelpTopicMap helpMap;
+  helpMap.load(installation.writeFile(L"big.csv", map));
+  SHelpTopic topic;
+  EXPECT_TRUE(helpMap.findByDialog(L"LastDialog", topic));
+  EXPECT_EQ(topic.id, 99999);
+}
+
 }  // namespace
 }  // namespace kvt1

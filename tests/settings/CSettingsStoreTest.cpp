@@ -1,7 +1,10 @@
 #include "settings/CSettingsStore.h"
 
+#include <cstdio>
+
 #include <gtest/gtest.h>
 
+#include "platform/File.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
 #include "tests/common/TestInstallation.h"
@@ -135,6 +138,28 @@ TEST(SettingsStore, MovesAnOlderVersionsSettingsOnceWhenItsKeyIsCreated) {
   EXPECT_EQ(text, L"C:\\From 1.0");
   EXPECT_TRUE(userKeyExists(base + L"\\1.05"));
 }
+
+#ifndef _WIN32
+TEST(SettingsStore, AnUnreadableUserRegistryIsLeftAsItIs) {
+  testing::TestInstallation installation;
+  const std::string broken = "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\Software\r\n\"x\"=dword:zz\r\n";
+  const std::wstring file = installation.writeFile(L"registry\\HKEY_CURRENT_USER.reg", broken);
+
+  CSettingsStore settings;
+  std::wstring text;
+  EXPECT_EQ(settings.readString(kSettingUserDataPath, text), -2);
+  EXPECT_NE(settings.writeString(kSettingUserDataPath, L"C:\\Data"), 0);
+  EXPECT_EQ(settings.readString(kSettingProgramPath, text), 0);  // the installation's values still read
+  EXPECT_EQ(text, installation.programFolder());
+
+  std::FILE* stream = platform::openFile(file, "rb");
+  ASSERT_NE(stream, nullptr);
+  std::string onDisk(broken.size() + 16, '\0');
+  onDisk.resize(std::fread(onDisk.data(), 1, onDisk.size(), stream));
+  std::fclose(stream);
+  EXPECT_EQ(onDisk, broken);
+}
+#endif
 
 }  // namespace
 }  // namespace kvt1

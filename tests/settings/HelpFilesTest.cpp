@@ -71,5 +71,15 @@ TEST_F(HelpFiles, AMissingHelpFileIsReported) {
             L"KVT: Product help file '" + productHelpFile(other) + L"[7]' was not found");
 }
 
+TEST(HelpFilesAbroad, FindsHelpInAFolderWithNonAsciiCharacters) {
+  testing::headless() = {};
+  testing::TestInstallation installation(true, L"Donn\u00e9es \u00c5r \u0416");
+  const std::wstring help = installation.writeFile(L"Donn\u00e9es \u00c5r \u0416\\Help\\KVT.chm", "ITSF");
+  CSettingsStore settings;
+  showHelp(settings, 0, false);
+  EXPECT_TRUE(testing::headless().messages.empty());
+  EXPECT_EQ(testing::headless().helpRequests, std::vector<std::wstring>{L"contents " + help});
+}
+
 }  // namespace
 }  // namespace kvt1
