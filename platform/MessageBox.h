@@ -20,6 +20,9 @@ enum : unsigned {
 };
 enum : int { kIdOk = 1, kIdCancel = 2, kIdAbort = 3, kIdRetry = 4, kIdIgnore = 5, kIdYes = 6, kIdNo = 7 };
 
+// The answer of the box's default button: the first of its set.
+int defaultMessageBoxAnswer(unsigned type);
+
 // Shows the box over owner (null: the desktop) and waits for the answer.
 int showMessageBox(void* owner, const std::wstring& text, const std::wstring& caption, unsigned type);
 

@@ -23,21 +23,21 @@ void appendUtf8(std::string& out, char32_t cp) {
   }
 }
 
-void appendWide(std::wstring& out, char32_t cp) {
-  if constexpr (sizeof(wchar_t) == 2) {
-    if (cp >= 0x10000) {
-      cp -= 0x10000;
-      out += static_cast<wchar_t>(0xD800 + (cp >> 10));
-      out += static_cast<wchar_t>(0xDC00 + (cp & 0x3FF));
-      return;
-    }
-  }
-  out += static_cast<wchar_t>(cp);
-}
-
 bool isSurrogate(char32_t cp) { return cp >= 0xD800 && cp <= 0xDFFF; }
 
 }  // namespace
+
+void appendCodePoint(std::wstring& out, char32_t codePoint) {
+  if constexpr (sizeof(wchar_t) == 2) {
+    if (codePoint >= 0x10000) {
+      codePoint -= 0x10000;
+      out += static_cast<wchar_t>(0xD800 + (codePoint >> 10));
+      out += static_cast<wchar_t>(0xDC00 + (codePoint & 0x3FF));
+      return;
+    }
+  }
+  out += static_cast<wchar_t>(codePoint);
+}
 
 std::string toUtf8(std::wstring_view text) {
   std::string out;
@@ -78,7 +78,7 @@ std::wstring fromUtf8(std::string_view text) {
     } else if ((lead & 0xF8) == 0xF0) {
       extra = 3, cp = lead & 0x07, minimum = 0x10000;
     } else {
-      appendWide(out, kReplacement);
+      appendCodePoint(out, kReplacement);
       ++i;
       continue;
     }
@@ -88,11 +88,11 @@ std::wstring fromUtf8(std::string_view text) {
       cp = (cp << 6) | (static_cast<unsigned char>(text[j]) & 0x3F);
     }
     if (j != i + extra + 1 || cp < minimum || cp > 0x10FFFF || isSurrogate(cp)) {
-      appendWide(out, kReplacement);
+      appendCodePoint(out, kReplacement);
       i = j > i + 1 ? j : i + 1;
       continue;
     }
-    appendWide(out, cp);
+    appendCodePoint(out, cp);
     i = j;
   }
   return out;

@@ -10,4 +10,7 @@ namespace kvt1::platform {
 std::string toUtf8(std::wstring_view text);
 std::wstring fromUtf8(std::string_view text);
 
+// Appends one Unicode code point: a surrogate pair where wchar_t is UTF-16.
+void appendCodePoint(std::wstring& out, char32_t codePoint);
+
 }  // namespace kvt1::platform

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "platform/Unicode.h"
+
 namespace kvt1 {
 namespace {
 
@@ -13,18 +15,6 @@ constexpr std::size_t kMaxNameLength = 16;
 
 bool isValidCharacter(char32_t cp) {
   return cp != 0 && cp <= 0x10FFFF && !(cp >= 0xD800 && cp <= 0xDFFF);
-}
-
-void appendCodePoint(std::wstring& out, char32_t cp) {
-  if constexpr (sizeof(wchar_t) == 2) {
-    if (cp >= 0x10000) {
-      cp -= 0x10000;
-      out += static_cast<wchar_t>(0xD800 + (cp >> 10));
-      out += static_cast<wchar_t>(0xDC00 + (cp & 0x3FF));
-      return;
-    }
-  }
-  out += static_cast<wchar_t>(cp);
 }
 
 int digitValue(wchar_t c, bool hex) {
@@ -70,7 +60,7 @@ void appendXmlDecoded(std::wstring& out, std::wstring_view raw) {
     while (semicolon < limit && raw[semicolon] != L';') ++semicolon;
     const char32_t cp = semicolon < limit ? referencedCharacter(raw.substr(amp + 1, semicolon - amp - 1)) : 0;
     if (cp != 0) {
-      appendCodePoint(out, cp);
+      platform::appendCodePoint(out, cp);
       pos = semicolon + 1;
     } else {
       out += L'&';

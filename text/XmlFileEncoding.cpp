@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "platform/Unicode.h"
 #include "text/XmlSyntax.h"
 
 namespace kvt1 {
@@ -39,16 +40,6 @@ void writeUnit(std::string& bytes, std::uint32_t unit, std::size_t size, bool bi
   for (std::size_t i = 0; i < size; ++i) {
     const std::size_t shift = 8 * (big ? size - 1 - i : i);
     bytes += static_cast<char>((unit >> shift) & 0xFF);
-  }
-}
-
-void appendCodePoint(std::wstring& text, std::uint32_t cp) {
-  if (sizeof(wchar_t) == 2 && cp >= 0x10000) {
-    cp -= 0x10000;
-    text += static_cast<wchar_t>(0xD800 + (cp >> 10));
-    text += static_cast<wchar_t>(0xDC00 + (cp & 0x3FF));
-  } else {
-    text += static_cast<wchar_t>(cp);
   }
 }
 
@@ -192,7 +183,7 @@ bool decodeUnicodeForm(XmlUnicodeForm form, std::string_view bytes, std::wstring
       cp = 0xFFFD;
       valid = false;
     }
-    appendCodePoint(text, cp);
+    platform::appendCodePoint(text, cp);
   }
   return valid;
 }

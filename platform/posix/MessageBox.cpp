@@ -12,15 +12,9 @@ int showMessageBox(void*, const std::wstring& text, const std::wstring& caption,
     return answer(text.c_str(), caption.c_str(), type);
   }
   // No desktop to show it on: the text goes to the error stream and the box
-  // takes its default (first) button.
+  // takes its default button.
   std::fprintf(stderr, "%s: %s\n", toUtf8(caption).c_str(), toUtf8(text).c_str());
-  switch (type & 0xF) {
-    case kMbAbortRetryIgnore: return kIdAbort;
-    case kMbYesNoCancel:
-    case kMbYesNo: return kIdYes;
-    case kMbRetryCancel: return kIdRetry;
-    default: return kIdOk;
-  }
+  return defaultMessageBoxAnswer(type);
 }
 
 }  // namespace kvt1::platform

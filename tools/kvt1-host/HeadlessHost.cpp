@@ -18,24 +18,9 @@
 using kvt1::emu::EmulatedHost;
 using kvt1::platform::formatWide;
 
-namespace {
-
-// The box's default button: the first of its set.
-int defaultAnswer(unsigned type) {
-  switch (type & 0xF) {
-    case kvt1::platform::kMbAbortRetryIgnore: return kvt1::platform::kIdAbort;
-    case kvt1::platform::kMbYesNoCancel:
-    case kvt1::platform::kMbYesNo: return kvt1::platform::kIdYes;
-    case kvt1::platform::kMbRetryCancel: return kvt1::platform::kIdRetry;
-    default: return kvt1::platform::kIdOk;
-  }
-}
-
-}  // namespace
-
 KVT1_HOST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned type) {
   EmulatedHost::instance().print(formatWide(L"message box: [%s] %s\n", caption, text));
-  return defaultAnswer(type);
+  return kvt1::platform::defaultMessageBoxAnswer(type);
 }
 
 KVT1_HOST_EXPORT bool kvt1HeadlessShellOpen(const wchar_t* target, int showCommand) {
