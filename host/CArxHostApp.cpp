@@ -1,5 +1,6 @@
 #include "host/CArxHostApp.h"
 
+#include "host/LanguageModule.h"
 #include "host/LispFunctions.h"
 #include "host/ProductIdentity.h"
 #include "host/ResourceScope.h"
@@ -9,6 +10,8 @@
 #include "settings/CSettingsStore.h"
 #include "settings/HelpFiles.h"
 #include "settings/SettingNumbers.h"
+#include "text/MessageDescription.h"
+#include "text/TextResources.h"
 
 namespace kvt1 {
 
@@ -34,9 +37,13 @@ CArxHostApp& theApp() {
 
 AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
   m_hdllInstance = static_cast<HINSTANCE>(platform::thisModuleHandle());
-  ResourceScope resources(m_hdllInstance);
-
   const std::wstring modulePath = platform::thisModulePath();
+  // The texts live in the language module, which the resource scope makes
+  // current; without it every text shows its miss message.
+  m_languageModule = loadLanguageModule(splitModulePath(modulePath), theSettings());
+  ResourceScope resources(m_hdllInstance, languageResources());
+  NTxtRes::SetApplicationTitle(kProductName);
+
   // A missing engine library is not an error here; the dialogs report it when they open.
   m_htmlEngine = platform::DynamicLibrary::load(splitModulePath(modulePath).folder + L"\\htmlayout.dll");
 
@@ -56,10 +63,14 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
 }
 
 AcRx::AppRetCode CArxHostApp::On_kUnloadAppMsg(void* pkt) {
-  ResourceScope resources(m_hdllInstance);
-  m_htmlEngine.release();
-  AcRxArxApp::On_kUnloadAppMsg(pkt);
-  removeCommandGroup();
+  {
+    ResourceScope resources(m_hdllInstance, languageResources());
+    m_htmlEngine.release();
+    AcRxArxApp::On_kUnloadAppMsg(pkt);
+    removeCommandGroup();
+    NTxtRes::ReleaseTextDocument();
+  }
+  m_languageModule.release();
   return AcRx::kRetOK;
 }
 
@@ -74,7 +85,7 @@ AcRx::AppRetCode CArxHostApp::On_kUnloadDwgMsg(void* pkt) {
 }
 
 AcRx::AppRetCode CArxHostApp::On_kInvkSubrMsg(void* pkt) {
-  ResourceScope resources(m_hdllInstance);
+  ResourceScope resources(m_hdllInstance, languageResources());
   dispatchLispCall(m_services);
   return AcRx::kRetOK;
 }
@@ -87,6 +98,10 @@ void CArxHostApp::startMenu() {
   queueExpression(L"(load \"" + folder + L"kv_Menu.vlx\")");
   queueExpression(L"(kv_Menu-StartFromExe \"" + folder + L"\")");
   queueStartFile();
+}
+
+void* CArxHostApp::languageResources() const {
+  return m_languageModule.isLoaded() ? m_languageModule.image() : static_cast<void*>(m_hdllInstance);
 }
 
 void CArxHostApp::registerCommand() {

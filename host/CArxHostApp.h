@@ -32,6 +32,8 @@ class CArxHostApp : public AcRxArxApp {
   bool menuStarted() const { return m_menuStarted; }
 
  private:
+  // The image that the text store reads: the language module, else the module.
+  void* languageResources() const;
   void registerCommand();
   void removeCommandGroup();
   void queueStartFile();
@@ -40,6 +42,7 @@ class CArxHostApp : public AcRxArxApp {
   ModuleLocation m_location;
   bool m_menuStarted = false;
   platform::DynamicLibrary m_htmlEngine;
+  platform::DynamicLibrary m_languageModule;
   CHelpTopicMap m_helpMap;
   CLispServices m_services;
 };

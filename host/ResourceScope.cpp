@@ -1,22 +1,21 @@
 #include "host/ResourceScope.h"
 
+#include "platform/Resources.h"
+
 namespace kvt1 {
-namespace {
-HINSTANCE g_current = nullptr;
-}  // namespace
 
-HINSTANCE currentResourceModule() { return g_current; }
-
-ResourceScope::ResourceScope(HINSTANCE instance) : previous_(g_current) {
+ResourceScope::ResourceScope(HINSTANCE instance, void* languageResources) : previous_(platform::resourceModule()) {
 #if KVT1_ARX_RELEASE < 22
   // Hosts before release 22 keep the resource stack that their own dialogs use.
   acDocManager->pushResourceHandle(instance);
+#else
+  (void)instance;
 #endif
-  g_current = instance;
+  platform::setResourceModule(languageResources);
 }
 
 ResourceScope::~ResourceScope() {
-  g_current = previous_;
+  platform::setResourceModule(previous_);
 #if KVT1_ARX_RELEASE < 22
   acDocManager->popResourceHandle();
 #endif

@@ -1,22 +1,21 @@
 #pragma once
-// Makes the module's own resources current for the life of the object and
-// restores the previous ones afterwards, on every path out of a handler.
+// Makes the module's resources current for the life of the object and
+// restores the previous ones afterwards, on every path out of a handler: the
+// module's instance on the host's resource stack (hosts that keep one), and
+// the module's language resources for the text store.
 #include "host/arx/Arx.h"
 
 namespace kvt1 {
 
-// The module whose resources (pages, texts) lookups use now; null outside a scope.
-HINSTANCE currentResourceModule();
-
 class ResourceScope {
  public:
-  explicit ResourceScope(HINSTANCE instance);
+  ResourceScope(HINSTANCE instance, void* languageResources);
   ~ResourceScope();
   ResourceScope(const ResourceScope&) = delete;
   ResourceScope& operator=(const ResourceScope&) = delete;
 
  private:
-  HINSTANCE previous_;
+  void* previous_;
 };
 
 }  // namespace kvt1

@@ -20,6 +20,8 @@ class DynamicLibrary {
 
   bool isLoaded() const { return handle_ != nullptr; }
   void* handle() const { return handle_; }
+  // The library's instance handle, as resource lookups take it (its load address).
+  void* image() const;
   void* symbol(const char* name) const;
   const std::wstring& error() const { return error_; }
   void release();

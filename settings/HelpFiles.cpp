@@ -6,9 +6,10 @@
 #include "platform/File.h"
 #include "platform/HtmlHelp.h"
 #include "platform/MessageBox.h"
-#include "platform/WideFormat.h"
 #include "settings/CSettingsStore.h"
 #include "settings/SettingNumbers.h"
+#include "text/MessageDescription.h"
+#include "text/Placeholders.h"
 
 namespace kvt1 {
 namespace {
@@ -38,8 +39,11 @@ void showHelp(CSettingsStore& settings, int id, bool allowInstallationHelp) {
   const bool installation = allowInstallationHelp && id >= 10 && id <= 13;
   const std::wstring file = installation ? installationHelpFile(settings) : productHelpFile(settings);
   if (!fileExists(file)) {
-    platform::showMessageBox(nullptr, platform::formatWide(L"Product help file '%s[%d]' was not found", file.c_str(), id),
-                             productName(kProductNumber), platform::kMbOk | platform::kMbIconWarning);
+    NTxtRes::CMessageDescription message =
+        NTxtRes::BuildMessage(L"MsgHelpFileNotFound", platform::kMbIconWarning, 0, false, true, false, false, false);
+    NTxtRes::ReplaceString(message.infoText, file);
+    NTxtRes::ReplaceInt(message.infoText, id);
+    NTxtRes::ShowMessage(message);
     return;
   }
   if (id > 0) {

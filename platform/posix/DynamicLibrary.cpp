@@ -1,6 +1,7 @@
 #include "platform/DynamicLibrary.h"
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include "platform/posix/NativePath.h"
 #include "platform/Unicode.h"
@@ -19,6 +20,12 @@ DynamicLibrary DynamicLibrary::load(const std::wstring& path) {
 
 void* DynamicLibrary::symbol(const char* name) const {
   return handle_ ? dlsym(handle_, name) : nullptr;
+}
+
+void* DynamicLibrary::image() const {
+  link_map* map = nullptr;
+  if (handle_ == nullptr || dlinfo(handle_, RTLD_DI_LINKMAP, &map) != 0 || map == nullptr) return nullptr;
+  return reinterpret_cast<void*>(map->l_addr);
 }
 
 void DynamicLibrary::release() {

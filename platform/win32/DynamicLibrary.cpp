@@ -21,6 +21,8 @@ void* DynamicLibrary::symbol(const char* name) const {
   return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(handle_), name));
 }
 
+void* DynamicLibrary::image() const { return handle_; }
+
 void DynamicLibrary::release() {
   if (handle_) FreeLibrary(static_cast<HMODULE>(handle_));
   handle_ = nullptr;

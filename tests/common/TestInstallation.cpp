@@ -94,6 +94,13 @@ TestInstallation::~TestInstallation() {
   std::filesystem::remove_all(std::filesystem::path(folder_), ignored);
 }
 
+void TestInstallation::setMachineString(const std::wstring& name, const std::wstring& value) const {
+  platform::RegistryKey key;
+  platform::RegistryKey::create(platform::RegistryRoot::LocalMachine, productKeyPath(), platform::RegistryAccess::Full,
+                                key);
+  key.setValue(name, platform::kRegSz, value.c_str(), static_cast<std::uint32_t>((value.size() + 1) * sizeof(wchar_t)));
+}
+
 std::wstring TestInstallation::writeFile(const std::wstring& relativePath, const std::string& contents) const {
   const std::wstring path = folder_ + L"\\" + relativePath;
   platform::createFolders(path.substr(0, path.find_last_of(L"\\/")));

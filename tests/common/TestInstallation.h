@@ -23,6 +23,9 @@ class TestInstallation {
   std::wstring programFolder() const { return folder_ + L"\\Program"; }
   std::wstring dataFolder() const { return folder_ + L"\\" + dataFolderName_; }
 
+  // Sets a string value of the machine-wide product key.
+  void setMachineString(const std::wstring& name, const std::wstring& value) const;
+
   // Writes a text file (UTF-8) below the folder, creating its folders.
   std::wstring writeFile(const std::wstring& relativePath, const std::string& contents) const;
 

@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/MessageBox.h"
+#include "platform/Resources.h"
 #include "settings/CSettingsStore.h"
+#include "tests/common/BesideProgram.h"
+#include "tests/common/HeadlessRecorder.h"
 #include "tests/common/TestInstallation.h"
-#include "tests/settings/HeadlessRecorder.h"
+#include "text/MessageDescription.h"
+#include "text/TextResources.h"
 
 namespace kvt1 {
 namespace {
@@ -61,14 +66,21 @@ TEST_F(HelpFiles, InstallationTopicsOnlyWhenAllowed) {
                                                     L"context 14 " + productHelp, L"contents " + productHelp}));
 }
 
-TEST_F(HelpFiles, AMissingHelpFileIsReported) {
+TEST_F(HelpFiles, AMissingHelpFileIsReportedWithTheInstalledText) {
+  platform::DynamicLibrary english = testing::loadBesideProgram(KVT1_ENGLISH_TEXTS);
+  ASSERT_TRUE(english.isLoaded());
+  platform::setResourceModule(english.image());
+  NTxtRes::SetApplicationTitle(L"KVT");
   testing::TestInstallation elsewhere;  // an installation without help files
   CSettingsStore other;
   showHelp(other, 7, false);
+  NTxtRes::ReleaseTextDocument();
+  platform::setResourceModule(nullptr);
   EXPECT_TRUE(requests().empty());
   ASSERT_EQ(testing::headless().messages.size(), 1u);
   EXPECT_EQ(testing::headless().messages[0],
             L"KVT: Product help file '" + productHelpFile(other) + L"[7]' was not found");
+  EXPECT_EQ(testing::headless().messageTypes[0], platform::kMbIconWarning | platform::kMbOk);
 }
 
 TEST(HelpFilesAbroad, FindsHelpInAFolderWithNonAsciiCharacters) {

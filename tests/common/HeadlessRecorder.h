@@ -1,6 +1,8 @@
 #pragma once
 // What the module asked of the desktop during a test: message boxes and help
-// windows, recorded by this test program's headless exports.
+// windows, recorded by the headless exports that a test program links in
+// (kvt1_headless_recorder), and the answers the "user" gives.
+#include <deque>
 #include <set>
 #include <string>
 #include <vector>
@@ -9,6 +11,8 @@ namespace kvt1::testing {
 
 struct HeadlessRecord {
   std::vector<std::wstring> messages;       // "caption: text"
+  std::vector<unsigned> messageTypes;       // the box type of each message
+  std::deque<int> answers;                  // given in turn; then the default button
   std::vector<std::wstring> helpRequests;   // "context N file" or "contents file"
   std::set<unsigned long long> knownTopics; // contexts the viewer has; others open no window
 };

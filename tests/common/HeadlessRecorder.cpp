@@ -1,4 +1,4 @@
-#include "tests/settings/HeadlessRecorder.h"
+#include "tests/common/HeadlessRecorder.h"
 
 #include "platform/HtmlHelp.h"
 #include "platform/MessageBox.h"
@@ -20,9 +20,13 @@ HeadlessRecord& headless() {
 
 using kvt1::testing::headless;
 
-TEST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned) {
+TEST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned type) {
   headless().messages.push_back(std::wstring(caption) + L": " + text);
-  return kvt1::platform::kIdOk;
+  headless().messageTypes.push_back(type);
+  if (headless().answers.empty()) return kvt1::platform::defaultMessageBoxAnswer(type);
+  const int answer = headless().answers.front();
+  headless().answers.pop_front();
+  return answer;
 }
 
 TEST_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned command, unsigned long long data) {

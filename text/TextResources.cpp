@@ -1,0 +1,94 @@
+#include "text/TextResources.h"
+
+#include <memory>
+#include <string_view>
+
+#include "platform/Resources.h"
+#include "platform/WideFormat.h"
+#include "text/Placeholders.h"
+#include "text/TextFormatter.h"
+#include "text/XmlDocument.h"
+#include "text/XmlFileEncoding.h"
+
+namespace NTxtRes {
+namespace {
+
+using kvt1::platform::formatWide;
+
+std::unique_ptr<kvt1::CXmlDocument> g_document;
+
+// The resource's text: UTF-16LE up to its terminating NUL.
+std::wstring resourceText(const kvt1::platform::ResourceData& data) {
+  std::size_t units = data.size / 2;
+  for (std::size_t i = 0; i < units; ++i) {
+    if (data.bytes[2 * i] == 0 && data.bytes[2 * i + 1] == 0) {
+      units = i;
+      break;
+    }
+  }
+  std::wstring text;
+  kvt1::decodeUnicodeForm(kvt1::XmlUnicodeForm::kUtf16LE,
+                          std::string_view(reinterpret_cast<const char*>(data.bytes), units * 2), text);
+  return text;
+}
+
+kvt1::CXmlDocument& document() {
+  if (!g_document) g_document = std::make_unique<kvt1::CXmlDocument>();
+  kvt1::CXmlDocument& doc = *g_document;
+  if (doc.IsWellFormed()) {
+    doc.ResetPos();
+  } else if (auto data = kvt1::platform::findResource(kvt1::platform::resourceModule(), L"XMLRES", L"XMLRES")) {
+    doc.SetDoc(resourceText(*data));
+  }
+  return doc;
+}
+
+std::wstring lookup(const std::wstring& path) { return document().GetData(path); }
+
+// A found text has "%%" reduced and passes the formatter; an empty one is a miss.
+bool finish(std::wstring& text) {
+  if (text.empty()) return false;
+  ReplaceAll(text, L"%%", L"%");
+  GetTextFormatter().FormatText(text);
+  return true;
+}
+
+}  // namespace
+
+std::wstring GetText(const std::wstring& key) {
+  std::wstring text = lookup(L"/*/" + key);
+  return finish(text) ? text : formatWide(L"Can not find text for key '%s'", key.c_str());
+}
+
+std::wstring GetText(const std::wstring& key, int index) {
+  std::wstring text = lookup(formatWide(L"/*/%s/Index_%d", key.c_str(), index));
+  return finish(text) ? text : formatWide(L"Can not find text for key '%s' index %u", key.c_str(), index);
+}
+
+std::wstring GetText(const std::wstring& key, const std::wstring& subKey, bool silent) {
+  std::wstring text = lookup(L"/*/" + key + L"/" + subKey);
+  if (finish(text)) return text;
+  return silent ? std::wstring() : formatWide(L"Can not find text for key '%s' subKey '%s'", key.c_str(), subKey.c_str());
+}
+
+std::wstring GetErrorText(int code) {
+  std::wstring text = lookup(formatWide(L"/*/Error/*[@code='%d']", code));
+  return finish(text) ? text : formatWide(L"No text found for error %u", code);
+}
+
+std::pair<std::wstring, std::wstring> GetTooltip(int dialogId, int controlId, int index) {
+  const wchar_t* const path = L"/*/Tooltip/*[@did='%d']/*[@cid='%d']/Index_%d/%s";
+  std::wstring text = lookup(formatWide(path, dialogId, controlId, index, L"Text"));
+  std::wstring extended = lookup(formatWide(path, dialogId, controlId, index, L"ExtendedText"));
+  finish(text);
+  finish(extended);
+  return {text, extended};
+}
+
+std::wstring GetRawText(const std::wstring& key, const std::wstring& subKey) {
+  return lookup(L"/*/" + key + L"/" + subKey);
+}
+
+void ReleaseTextDocument() { g_document.reset(); }
+
+}  // namespace NTxtRes
