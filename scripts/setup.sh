@@ -48,6 +48,7 @@ native_packages=(
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   fp-utils
   libpugixml-dev libtinyxml2-dev libxml2-dev clang libclang-rt-14-dev
+  liblitehtml-dev libcairo2-dev libpango1.0-dev fonts-dejavu-core
 )
 mingw_packages=(
   g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64-x86-64

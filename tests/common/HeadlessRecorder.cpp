@@ -38,3 +38,8 @@ TEST_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned command, un
   headless().helpRequests.push_back(L"contents " + std::wstring(file));
   return &window;
 }
+
+TEST_EXPORT bool kvt1HeadlessShellOpen(const wchar_t* target, int) {
+  headless().shellOpened.push_back(target);
+  return true;
+}

@@ -14,6 +14,7 @@ struct HeadlessRecord {
   std::vector<unsigned> messageTypes;       // the box type of each message
   std::deque<int> answers;                  // given in turn; then the default button
   std::vector<std::wstring> helpRequests;   // "context N file" or "contents file"
+  std::vector<std::wstring> shellOpened;    // targets opened with the shell
   std::set<unsigned long long> knownTopics; // contexts the viewer has; others open no window
 };
 

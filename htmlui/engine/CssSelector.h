@@ -1,0 +1,52 @@
+#pragma once
+// CSS selectors as the engine knows them: type, *, .class, #id, attribute
+// tests ([a], =, ~=, ^=, $=, *=, quoted or bare values, names without case),
+// state pseudo-classes, :root (the element a query is scoped to),
+// :first-child, :last-child, :not(simple), child and descendant combinators
+// and comma groups. Compiled once, then matched against many elements.
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "htmlui/engine/DomAtoms.h"
+#include "htmlui/engine/DomElement.h"
+
+namespace kvt1::html {
+
+class Selector {
+ public:
+  // None when the text is not a selector the engine knows.
+  static std::optional<Selector> compile(std::wstring_view text, const AtomTable& atoms);
+
+  bool matches(const Element& element, const Element* scope) const;
+
+  enum class Op { Exists, Equals, Includes, Prefix, Suffix, Contains };
+  struct AttributeTest {
+    Atom key = kNoAtom;
+    Op op = Op::Exists;
+    std::wstring value;
+  };
+  struct Compound {
+    Atom tag = kNoAtom;  // kNoAtom: any type
+    Atom id = kNoAtom;
+    bool hasId = false;
+    std::vector<Atom> classes;
+    std::vector<AttributeTest> attributes;
+    UINT states = 0;
+    bool root = false;
+    bool firstChild = false;
+    bool lastChild = false;
+    bool impossible = false;  // names something no element has
+    std::vector<Compound> negations;
+  };
+  struct Complex {
+    std::vector<Compound> compounds;  // left to right
+    std::vector<bool> child;  // child[i]: ">" between compounds[i] and compounds[i + 1]
+  };
+
+ private:
+  std::vector<Complex> alternatives_;
+};
+
+}  // namespace kvt1::html

@@ -1,0 +1,217 @@
+#pragma once
+// Our own HTML engine: the page as a DOM that follows the library's rules
+// (its markup dialect, attribute case, selectors, states, sinking and
+// bubbling events, behaviours, timers, popups and values). Geometry comes
+// from a layout provider when one is set. Time is whatever tick() says.
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "htmlui/engine/DomTree.h"
+#include "htmlui/engine/HtmlEngine.h"
+#include "htmlui/engine/LayoutProvider.h"
+
+namespace kvt1::html {
+
+class DomEngine : public HtmlEngine {
+ public:
+  DomEngine();
+  ~DomEngine() override;
+  DomEngine(const DomEngine&) = delete;
+  DomEngine& operator=(const DomEngine&) = delete;
+
+  BOOL LoadHtmlEx(HWND hwnd, LPCBYTE html, UINT htmlSize, LPCWSTR baseUrl) override;
+  VOID SetCallback(HWND hwnd, LPHTMLAYOUT_NOTIFY cb, LPVOID cbParam) override;
+  BOOL DataReady(HWND hwnd, LPCWSTR uri, LPBYTE data, DWORD dataLength) override;
+  LRESULT ProcND(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam, BOOL* pbHandled) override;
+  HLDOM_RESULT WindowAttachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag,
+                                        UINT subscription) override;
+  HLDOM_RESULT WindowDetachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag) override;
+  UINT GetMinWidth(HWND hwnd) override;
+  UINT GetMinHeight(HWND hwnd, UINT width) override;
+
+  HLDOM_RESULT GetRootElement(HWND hwnd, HELEMENT* phe) override;
+  HLDOM_RESULT SelectElements(HELEMENT he, LPCSTR selectors, HTMLayoutElementCallback* cb, LPVOID param) override;
+  HLDOM_RESULT SelectElementsW(HELEMENT he, LPCWSTR selectors, HTMLayoutElementCallback* cb,
+                               LPVOID param) override;
+  HLDOM_RESULT SelectParent(HELEMENT he, LPCSTR selector, UINT depth, HELEMENT* heFound) override;
+  HLDOM_RESULT SelectParentW(HELEMENT he, LPCWSTR selector, UINT depth, HELEMENT* heFound) override;
+  HLDOM_RESULT FindElement(HWND hwnd, POINT pt, HELEMENT* phe) override;
+  HLDOM_RESULT VisitElements(HELEMENT he, LPCSTR tagName, LPCSTR attributeName, LPCWSTR attributeValue,
+                             HTMLayoutElementCallback* cb, LPVOID param, DWORD depth) override;
+  HLDOM_RESULT GetParentElement(HELEMENT he, HELEMENT* pParent) override;
+  HLDOM_RESULT GetNthChild(HELEMENT he, UINT n, HELEMENT* phe) override;
+  HLDOM_RESULT GetChildrenCount(HELEMENT he, UINT* count) override;
+  HLDOM_RESULT GetElementIndex(HELEMENT he, LPUINT pIndex) override;
+  HLDOM_RESULT GetElementType(HELEMENT he, LPCSTR* pType) override;
+  HLDOM_RESULT GetElementHwnd(HELEMENT he, HWND* pHwnd, BOOL rootWindow) override;
+
+  HLDOM_RESULT GetElementLocation(HELEMENT he, LPRECT pLocation, UINT areas) override;
+  HLDOM_RESULT GetElementIntrinsicWidths(HELEMENT he, INT* pMinWidth, INT* pMaxWidth) override;
+  HLDOM_RESULT GetElementIntrinsicHeight(HELEMENT he, INT forWidth, INT* pHeight) override;
+  HLDOM_RESULT IsElementVisible(HELEMENT he, BOOL* pVisible) override;
+  HLDOM_RESULT GetScrollInfo(HELEMENT he, LPPOINT scrollPos, LPRECT viewRect, LPSIZE contentSize) override;
+  HLDOM_RESULT SetScrollPos(HELEMENT he, POINT scrollPos, BOOL smooth) override;
+
+  HLDOM_RESULT GetElementState(HELEMENT he, UINT* pStateBits) override;
+  HLDOM_RESULT SetElementState(HELEMENT he, UINT bitsToSet, UINT bitsToClear, BOOL updateView) override;
+  HLDOM_RESULT GetAttributeByName(HELEMENT he, LPCSTR name, LPCWSTR* pValue) override;
+  HLDOM_RESULT SetAttributeByName(HELEMENT he, LPCSTR name, LPCWSTR value) override;
+  HLDOM_RESULT GetStyleAttribute(HELEMENT he, LPCSTR name, LPCWSTR* pValue) override;
+  HLDOM_RESULT SetStyleAttribute(HELEMENT he, LPCSTR name, LPCWSTR value) override;
+
+  HLDOM_RESULT GetElementHtmlCB(HELEMENT he, BOOL outer, HTMLayoutWriterCallbackB* cb, LPVOID cbParam) override;
+  HLDOM_RESULT SetElementHtml(HELEMENT he, LPCBYTE html, DWORD htmlLength, UINT where) override;
+  HLDOM_RESULT GetElementInnerTextCB(HELEMENT he, HTMLayoutWriterCallbackW* cb, LPVOID cbParam) override;
+  HLDOM_RESULT SetElementInnerText16(HELEMENT he, LPCWSTR text, UINT length) override;
+  HLDOM_RESULT CreateElement(LPCSTR tagName, LPCWSTR textOrNull, HELEMENT* phe) override;
+  HLDOM_RESULT CloneElement(HELEMENT he, HELEMENT* phe) override;
+  HLDOM_RESULT InsertElement(HELEMENT he, HELEMENT hParent, UINT index) override;
+  HLDOM_RESULT DetachElement(HELEMENT he) override;
+  HLDOM_RESULT DeleteElement(HELEMENT he) override;
+  HLDOM_RESULT SwapElements(HELEMENT he1, HELEMENT he2) override;
+  HLDOM_RESULT UpdateElement(HELEMENT he, BOOL remeasure) override;
+  HLDOM_RESULT UpdateElementEx(HELEMENT he, UINT flags) override;
+
+  HLDOM_RESULT AttachEventHandlerEx(HELEMENT he, LPELEMENT_EVENT_PROC pep, LPVOID tag, UINT subscription) override;
+  HLDOM_RESULT DetachEventHandler(HELEMENT he, LPELEMENT_EVENT_PROC pep, LPVOID tag) override;
+  HLDOM_RESULT SendEvent(HELEMENT he, UINT appEventCode, HELEMENT heSource, UINT_PTR reason,
+                         BOOL* handled) override;
+  HLDOM_RESULT PostEvent(HELEMENT he, UINT appEventCode, HELEMENT heSource, UINT reason) override;
+  HLDOM_RESULT CallBehaviorMethod(HELEMENT he, METHOD_PARAMS* params) override;
+  HLDOM_RESULT ControlGetValue(HELEMENT he, VALUE* pVal) override;
+  HLDOM_RESULT ControlSetValue(HELEMENT he, const VALUE* pVal) override;
+  HLDOM_RESULT SetTimerEx(HELEMENT he, UINT milliseconds, UINT_PTR timerId) override;
+
+  HLDOM_RESULT ShowPopup(HELEMENT hePopup, HELEMENT heAnchor, UINT placement) override;
+  HLDOM_RESULT ShowPopupAt(HELEMENT hePopup, POINT pos, UINT mode) override;
+  HLDOM_RESULT TrackPopupAt(HELEMENT hePopup, POINT posRoot, UINT mode, HELEMENT* pheItem) override;
+  HLDOM_RESULT HidePopup(HELEMENT he) override;
+
+  HLDOM_RESULT UseElement(HELEMENT he) override;
+  HLDOM_RESULT UnuseElement(HELEMENT he) override;
+
+  UINT ValueInit(VALUE* pval) override;
+  UINT ValueClear(VALUE* pval) override;
+  UINT ValueCopy(VALUE* pdst, const VALUE* psrc) override;
+  UINT ValueCompare(const VALUE* pval1, const VALUE* pval2) override;
+  UINT ValueIntData(const VALUE* pval, INT* pData) override;
+  UINT ValueIntDataSet(VALUE* pval, INT data, UINT type, UINT units) override;
+  UINT ValueFloatDataSet(VALUE* pval, double data, UINT type, UINT units) override;
+  UINT ValueStringData(const VALUE* pval, LPCWSTR* pChars, UINT* pNumChars) override;
+  UINT ValueStringDataSet(VALUE* pval, LPCWSTR chars, UINT numChars, UINT units) override;
+  UINT ValueToString(VALUE* pval, UINT how) override;
+
+  // Automation: what a user's click, focus and pointer do. click() returns
+  // whether a handler handled the resulting event; a disabled element takes no click.
+  bool click(HELEMENT he);
+  bool setFocus(HWND hwnd, HELEMENT he);  // he null: no element has the focus
+  bool setHover(HWND hwnd, HELEMENT he);  // he null: the pointer left the page
+
+  // Delivers the posted events queued so far; returns how many.
+  std::size_t pumpPosted();
+  // Moves the engine's clock on and delivers the timers that fall due.
+  void tick(UINT elapsedMs);
+  // Chooses the item of a popup that TrackPopupAt runs; without one it returns none.
+  void setPopupUser(std::function<HELEMENT(HELEMENT popup)> user);
+
+  // Geometry: the provider lays out snapshots of the page; the view's size
+  // comes from WM_SIZE through ProcND or from here.
+  void setLayoutProvider(std::unique_ptr<LayoutProvider> provider);
+  void setViewSize(HWND hwnd, int width, int height);
+  std::string serializeForLayout(HWND hwnd);
+  bool renderPng(HWND hwnd, const std::string& path);
+
+  // Drops a view (its window is gone); elements in use stay valid, detached.
+  void closeView(HWND hwnd);
+
+ private:
+  struct View {
+    HWND hwnd = nullptr;
+    std::uint32_t root = 0;
+    LPHTMLAYOUT_NOTIFY callback = nullptr;
+    LPVOID callbackParam = nullptr;
+    std::vector<HandlerEntry> handlers;
+    std::wstring baseUrl;
+    std::map<std::wstring, std::wstring> importedStyles;
+    std::wstring pendingUri;  // the URI of the load request being answered
+    bool pending = false;
+    std::string pendingData;
+    bool pendingAnswered = false;
+    int width = 800;
+    int height = 600;
+    std::uint64_t laidOutGeneration = 0;
+    int laidOutWidth = -1;
+    std::uint32_t focus = 0;
+    std::uint32_t hover = 0;
+  };
+  struct Timer {
+    std::uint32_t element = 0;
+    UINT_PTR id = 0;
+    UINT period = 0;
+    std::uint64_t due = 0;
+  };
+  struct PostedEvent {
+    std::uint32_t target = 0;
+    UINT code = 0;
+    std::uint32_t source = 0;
+    UINT reason = 0;
+  };
+
+  // Elements and views.
+  Element* element(HELEMENT he) const { return tree_.find(he); }
+  View* viewOf(const Element& e);
+  View* findView(HWND hwnd);
+  View& ensureView(HWND hwnd);
+  void changed() { ++generation_; }
+  void initialStates(Element& top);
+  void attachBehaviors(Element& top);
+  void collect(Element& top, bool force);
+  void removeFromParent(Element& e);
+  void insertNodes(Element& parent, std::size_t position, std::vector<Node> nodes);
+  // Detaches former children; those not in use are destroyed.
+  void releaseNodes(const std::vector<Node>& nodes);
+  Element* cloneTree(const Element& source);
+  void installPage(View& view, std::vector<Node> nodes);
+  void loadResources(View& view);
+  void requestData(HWND hwnd, const std::wstring& uri, UINT type, HELEMENT principal, int depth);
+  LRESULT notify(HWND hwnd, NMHDR& header);
+
+  // Selection.
+  HLDOM_RESULT select(HELEMENT he, const std::wstring& selectors, HTMLayoutElementCallback* cb, LPVOID param);
+  HLDOM_RESULT selectParent(HELEMENT he, const std::wstring& selector, UINT depth, HELEMENT* heFound);
+
+  // Events.
+  bool callHandlers(std::uint32_t number, UINT group, void* params);
+  bool callWindowHandlers(HWND hwnd, UINT group, void* params);
+  bool dispatch(Element& target, UINT group, UINT* cmd, void* params);
+  bool sendBehaviorEvent(Element& target, UINT code, Element* source, UINT_PTR reason);
+  void initialize(LPELEMENT_EVENT_PROC proc, LPVOID tag, HELEMENT he, UINT cmd);
+
+  // Popups.
+  HLDOM_RESULT showPopup(Element& popup, Element* anchor);
+  void hidePopup(Element& popup);
+  bool clickMenuItem(Element& item);
+
+  // Geometry.
+  bool ensureLayout(View& view, int width);
+  std::optional<LayoutBox> boxOf(Element& e);
+
+  DomTree tree_;
+  std::map<HWND, View> views_;
+  std::map<std::uint32_t, std::uint32_t> popupAnchors_;
+  std::vector<Timer> timers_;
+  std::deque<PostedEvent> posted_;
+  std::uint64_t now_ = 0;
+  std::uint64_t generation_ = 1;
+  std::function<HELEMENT(HELEMENT)> popupUser_;
+  std::unique_ptr<LayoutProvider> layout_;
+  HWND laidOutView_ = nullptr;
+};
+
+}  // namespace kvt1::html

@@ -1,0 +1,29 @@
+#pragma once
+// Lays out and draws a serialised page for the DOM engine: geometry, hit tests
+// and pictures. The DOM stays with the engine; a provider sees only snapshots.
+#include <optional>
+#include <string>
+
+namespace kvt1::html {
+
+struct LayoutBox {
+  int x = 0, y = 0, width = 0, height = 0;  // border box, relative to the page's top left
+};
+
+class LayoutProvider {
+ public:
+  virtual ~LayoutProvider() = default;
+  // Lays out a UTF-8 page in which every element carries kvt1-node="N"
+  // (N: the engine's element number) at the given width in pixels.
+  virtual bool layout(const std::string& html, int width) = 0;
+  virtual std::optional<LayoutBox> box(int node) const = 0;
+  // The element whose box holds the point, deepest first; -1 for none.
+  virtual int hitTest(int x, int y) const = 0;
+  virtual int minWidth() const = 0;  // narrowest width without overflow
+  virtual int maxWidth() const = 0;  // width with no line breaking
+  virtual int contentHeight() const = 0;  // at the last layout width
+  // Draws the last layout (width x contentHeight) into a PNG file.
+  virtual bool renderPng(const std::string& path) const = 0;
+};
+
+}  // namespace kvt1::html

@@ -1,0 +1,145 @@
+#include "htmlui/engine/litehtml/DialogStyle.h"
+
+namespace kvt1::html {
+namespace {
+
+// Attribute selectors use double quotes: litehtml matches nothing with single ones.
+const char* const kDialogStyleSheet = R"css(
+html { display: block; background-color: #f0f0f0; }
+head, style, script, title, meta, link, base { display: none; }
+body {
+  display: block; margin: 0; padding: 8px;
+  font-family: "DejaVu Sans", "Liberation Sans", sans-serif; font-size: 12px;
+  color: #000000; background-color: #f0f0f0;
+}
+
+div, p, h1, h2, h3, h4, ul, ol, menu, pre, form, fieldset, blockquote, center, widget, header, footer, section {
+  display: block;
+}
+p { margin: 0 0 8px 0; }
+h1 { font-size: 18px; font-weight: bold; margin: 0 0 8px 0; }
+h2 { font-size: 15px; font-weight: bold; margin: 0 0 6px 0; }
+h3 { font-size: 13px; font-weight: bold; margin: 0 0 6px 0; }
+h4 { font-size: 12px; font-weight: bold; margin: 0 0 4px 0; }
+center { text-align: center; }
+b, strong, th { font-weight: bold; }
+i, em { font-style: italic; }
+u { text-decoration: underline; }
+small { font-size: 10px; }
+pre { white-space: pre; margin: 0 0 8px 0; }
+pre, code { font-family: "DejaVu Sans Mono", "Liberation Mono", monospace; font-size: 11px; }
+a { color: #0066cc; text-decoration: underline; }
+a.kvt1-hover { color: #003399; }
+a.kvt1-disabled { color: #6d6d6d; }
+img { display: inline-block; vertical-align: middle; }
+hr { display: block; height: 0; margin: 6px 0; border-top: 1px solid #a0a0a0; border-bottom: 1px solid #ffffff; }
+
+table { display: table; border-spacing: 0; }
+thead { display: table-header-group; }
+tbody { display: table-row-group; }
+tfoot { display: table-footer-group; }
+tr { display: table-row; }
+td, th { display: table-cell; padding: 2px 4px; vertical-align: middle; text-align: left; }
+caption { display: table-caption; }
+
+ul, ol { margin: 0 0 8px 0; padding-left: 20px; }
+ul { list-style-type: disc; }
+ol { list-style-type: decimal; }
+li { display: list-item; }
+li.kvt1-collapsed > ul, li.kvt1-collapsed > ol { display: none; }
+
+button, input[type="button"], input[type="submit"], input[type="reset"] {
+  display: inline-block; min-width: 53px; padding: 3px 10px; margin: 0 2px;
+  border: 1px solid #adadad; background-color: #e1e1e1; color: #000000;
+  text-align: center; vertical-align: middle; white-space: nowrap;
+}
+button.kvt1-hover, input[type="button"].kvt1-hover { border-color: #0078d7; background-color: #e5f1fb; }
+button.kvt1-focus, input[type="button"].kvt1-focus, button.kvt1-current { border-color: #0078d7; }
+button.kvt1-checked, button[state="pushed"] { border-color: #005499; background-color: #cce4f7; }
+button.kvt1-disabled, input[type="button"].kvt1-disabled {
+  border-color: #bfbfbf; background-color: #cccccc; color: #838383;
+}
+
+input, textarea, select {
+  display: inline-block; vertical-align: middle; padding: 2px 3px;
+  border: 1px solid #7a7a7a; background-color: #ffffff; color: #000000;
+}
+input { width: 140px; height: 15px; white-space: nowrap; overflow: hidden; }
+textarea { width: 200px; height: 60px; white-space: pre-wrap; overflow: hidden; }
+input.kvt1-hover, textarea.kvt1-hover, select.kvt1-hover { border-color: #171717; }
+input.kvt1-focus, textarea.kvt1-focus, select.kvt1-focus { border-color: #0078d7; }
+input.kvt1-disabled, textarea.kvt1-disabled, select.kvt1-disabled {
+  border-color: #cccccc; background-color: #f0f0f0; color: #838383;
+}
+
+input[type="checkbox"], input[type="radio"] {
+  width: 13px; height: 13px; padding: 0; margin: 0 4px 0 0;
+  border: 1px solid #333333; background-color: #ffffff;
+  font-size: 11px; line-height: 13px; text-align: center;
+}
+input[type="radio"] { border-radius: 7px; }
+input[type="checkbox"].kvt1-hover, input[type="radio"].kvt1-hover { border-color: #0078d7; }
+input[type="checkbox"].kvt1-disabled, input[type="radio"].kvt1-disabled {
+  border-color: #bcbcbc; background-color: #ffffff; color: #bcbcbc;
+}
+label { vertical-align: middle; }
+label.kvt1-disabled { color: #838383; }
+
+select { min-width: 60px; padding-right: 18px; position: relative; }
+select > option { display: none; white-space: nowrap; }
+select > option.kvt1-checked { display: block; }
+select[size] > option, select[multiple] > option { display: block; padding: 1px 2px; }
+select[size] > option.kvt1-checked, select[multiple] > option.kvt1-checked { background-color: #0078d7; color: #ffffff; }
+
+menu { list-style-type: none; margin: 0; padding: 0; }
+menu > li { display: block; padding: 3px 20px 3px 24px; white-space: nowrap; }
+menu > li.kvt1-hover, menu > li.kvt1-current { background-color: #91c9f7; }
+menu > li.kvt1-disabled, menu > li[disabled] { color: #6d6d6d; }
+menu > hr { margin: 3px 2px; }
+widget.menu-bar > menu > li { display: inline-block; padding: 3px 8px; }
+
+button menu, li menu, menu.context, menu.popup, popup, .popup { display: none; }
+menu.kvt1-popup, popup.kvt1-popup, .popup.kvt1-popup, menu.context.kvt1-popup, .kvt1-popup {
+  display: block; position: absolute; z-index: 100;
+  padding: 2px; border: 1px solid #a0a0a0; background-color: #f2f2f2; color: #000000;
+}
+popup.Tooltip.kvt1-popup { padding: 3px 5px; border-color: #767676; background-color: #ffffff; }
+)css";
+
+// Generated content of the controls. litehtml builds pseudo-elements only
+// from author and user sheets, never from the master sheet, so these rules
+// are handed over as user styles.
+const char* const kControlContentSheet = R"css(
+input:before { content: attr(value); }
+input[type="checkbox"]:before, input[type="radio"]:before { content: ""; }
+input[type="checkbox"].kvt1-checked:before { content: "\2714"; }
+input[type="radio"].kvt1-checked:before { content: "\25CF"; font-size: 8px; }
+select:after { content: "\25BE"; position: absolute; right: 4px; top: 2px; }
+select[size]:after, select[multiple]:after { content: ""; }
+menu > li.kvt1-checked:before, menu > li[status="checked"]:before {
+  content: "\2714"; display: inline-block; width: 20px; margin-left: -20px;
+}
+)css";
+
+}  // namespace
+
+litehtml::context& dialogStyleContext() {
+  static litehtml::context context = [] {
+    litehtml::context loaded;
+    loaded.load_master_stylesheet(kDialogStyleSheet);
+    return loaded;
+  }();
+  return context;
+}
+
+litehtml::css& controlContentStyles() {
+  static litehtml::css styles = [] {
+    litehtml::css parsed;
+    parsed.parse_stylesheet(kControlContentSheet, nullptr, nullptr, nullptr);
+    parsed.sort_selectors();
+    return parsed;
+  }();
+  return styles;
+}
+
+}  // namespace kvt1::html

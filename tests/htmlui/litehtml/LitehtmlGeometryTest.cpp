@@ -1,0 +1,155 @@
+#include "htmlui/engine/litehtml/LitehtmlLayout.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace kvt1::html {
+namespace {
+
+bool inside(const LayoutBox& inner, const LayoutBox& outer) {
+  return inner.x >= outer.x && inner.y >= outer.y && inner.x + inner.width <= outer.x + outer.width &&
+         inner.y + inner.height <= outer.y + outer.height;
+}
+
+std::string page(const std::string& body) {
+  return "<html kvt1-node=\"0\"><head></head><body kvt1-node=\"1\">" + body + "</body></html>";
+}
+
+const std::string kDialog = page(
+    "<div kvt1-node=\"2\" id=\"panel\">"
+    "<p kvt1-node=\"3\">Check the settings <span kvt1-node=\"4\">below</span> and confirm.</p>"
+    "<table kvt1-node=\"5\"><tr kvt1-node=\"6\"><td kvt1-node=\"7\">Name</td><td kvt1-node=\"8\">Value</td></tr></table>"
+    "</div>"
+    "<div kvt1-node=\"9\" style=\"display:none\"><button kvt1-node=\"10\">Hidden</button></div>"
+    "<div kvt1-node=\"11\"><button kvt1-node=\"12\" name=\"OK\">OK</button>"
+    "<button kvt1-node=\"13\" name=\"CANCEL\">Cancel</button></div>");
+
+class LitehtmlGeometryTest : public ::testing::Test {
+ protected:
+  LayoutBox boxOf(int node) {
+    auto found = layout.box(node);
+    EXPECT_TRUE(found.has_value()) << "node " << node;
+    return found.value_or(LayoutBox{});
+  }
+  LitehtmlLayout layout;
+};
+
+TEST_F(LitehtmlGeometryTest, NestedElementsHaveNestedNonEmptyBoxes) {
+  ASSERT_TRUE(layout.layout(kDialog, 320));
+  const int chain[][2] = {{1, 0}, {2, 1}, {3, 2}, {4, 3}, {5, 2}, {6, 5}, {7, 6}, {8, 6}, {11, 1}, {12, 11}};
+  for (const auto& [child, parent] : chain) {
+    const LayoutBox inner = boxOf(child), outer = boxOf(parent);
+    EXPECT_GT(inner.width, 0) << "node " << child;
+    EXPECT_GT(inner.height, 0) << "node " << child;
+    EXPECT_TRUE(inside(inner, outer)) << "node " << child << " outside node " << parent;
+  }
+  EXPECT_EQ(boxOf(0).width, 320);
+  // Siblings in the flow follow one another.
+  EXPECT_LT(boxOf(7).x + boxOf(7).width, boxOf(8).x + 1);
+  EXPECT_LE(boxOf(2).y + boxOf(2).height, boxOf(11).y);
+}
+
+TEST_F(LitehtmlGeometryTest, ElementsUnderDisplayNoneHaveNoBox) {
+  ASSERT_TRUE(layout.layout(kDialog, 320));
+  EXPECT_FALSE(layout.box(9).has_value());
+  EXPECT_FALSE(layout.box(10).has_value());
+  EXPECT_FALSE(layout.box(99).has_value());
+}
+
+TEST_F(LitehtmlGeometryTest, HitTestFindsTheDeepestElement) {
+  ASSERT_TRUE(layout.layout(kDialog, 320));
+  const LayoutBox ok = boxOf(12);
+  EXPECT_EQ(layout.hitTest(ok.x + ok.width / 2, ok.y + ok.height / 2), 12);
+  const LayoutBox cancel = boxOf(13);
+  EXPECT_EQ(layout.hitTest(cancel.x + 1, cancel.y + 1), 13);
+  const LayoutBox span = boxOf(4);
+  EXPECT_EQ(layout.hitTest(span.x + 1, span.y + span.height / 2), 4);
+  // The body's padding belongs to the body; outside the page there is nothing.
+  EXPECT_EQ(layout.hitTest(2, 2), 1);
+  EXPECT_EQ(layout.hitTest(-5, 10), -1);
+  EXPECT_EQ(layout.hitTest(10, layout.contentHeight() + 50), -1);
+}
+
+TEST_F(LitehtmlGeometryTest, ShownPopupLiesAboveTheFlow) {
+  const std::string html = page(
+      "<div kvt1-node=\"2\"><button kvt1-node=\"3\">Under the popup</button></div>"
+      "<menu kvt1-node=\"4\" class=\"context kvt1-popup\" style=\"left:4px;top:4px;width:200px\">"
+      "<li kvt1-node=\"5\">Copy</li></menu>"
+      "<menu kvt1-node=\"6\" class=\"context\"><li kvt1-node=\"7\">Not shown</li></menu>");
+  ASSERT_TRUE(layout.layout(html, 300));
+  EXPECT_FALSE(layout.box(6).has_value());
+  const LayoutBox item = boxOf(5), button = boxOf(3);
+  ASSERT_TRUE(inside(item, boxOf(4)));
+  // A point on both the button and the item hits the item.
+  const int x = std::max(item.x, button.x) + 2, y = std::max(item.y, button.y) + 2;
+  ASSERT_TRUE(x < button.x + button.width && y < button.y + button.height);
+  EXPECT_EQ(layout.hitTest(x, y), 5);
+}
+
+TEST_F(LitehtmlGeometryTest, IntrinsicWidthsFollowTheContent) {
+  const std::string shortText = page("<p kvt1-node=\"2\">Short words only</p>");
+  const std::string longText =
+      page("<p kvt1-node=\"2\">Short words only, and then many more of them on one line</p>");
+  ASSERT_TRUE(layout.layout(shortText, 400));
+  const int shortMin = layout.minWidth(), shortMax = layout.maxWidth();
+  EXPECT_GT(shortMin, 0);
+  EXPECT_LT(shortMin, shortMax);
+
+  ASSERT_TRUE(layout.layout(longText, 400));
+  EXPECT_EQ(layout.minWidth(), shortMin);  // the longest word is the same
+  EXPECT_GT(layout.maxWidth(), shortMax);
+
+  ASSERT_TRUE(layout.layout(page("<p kvt1-node=\"2\">Incomprehensibilities</p>"), 400));
+  EXPECT_GT(layout.minWidth(), shortMin);
+  EXPECT_EQ(layout.minWidth(), layout.maxWidth());
+}
+
+TEST_F(LitehtmlGeometryTest, MeasuringWidthsKeepsTheLayout) {
+  ASSERT_TRUE(layout.layout(kDialog, 150));
+  const LayoutBox before = boxOf(3);
+  const int height = layout.contentHeight();
+  ASSERT_LE(layout.minWidth(), layout.maxWidth());
+  EXPECT_EQ(layout.contentHeight(), height);
+  EXPECT_EQ(boxOf(3).width, before.width);
+  EXPECT_EQ(layout.hitTest(before.x + 1, before.y + 1), 3);
+}
+
+TEST_F(LitehtmlGeometryTest, NarrowerLayoutsWrapIntoTallerPages) {
+  ASSERT_TRUE(layout.layout(kDialog, 600));
+  const int wide = layout.contentHeight();
+  ASSERT_TRUE(layout.layout(kDialog, 120));
+  EXPECT_GT(layout.contentHeight(), wide);
+  EXPECT_EQ(boxOf(0).width, 120);
+}
+
+TEST_F(LitehtmlGeometryTest, EachLayoutReplacesThePreviousOne) {
+  ASSERT_TRUE(layout.layout(kDialog, 320));
+  ASSERT_TRUE(layout.box(12).has_value());
+  ASSERT_TRUE(layout.layout(page("<div kvt1-node=\"40\">Other page</div>"), 320));
+  EXPECT_FALSE(layout.box(12).has_value());
+  EXPECT_TRUE(layout.box(40).has_value());
+
+  EXPECT_FALSE(layout.layout(kDialog, 0));
+  EXPECT_FALSE(layout.box(40).has_value());
+  EXPECT_EQ(layout.hitTest(5, 5), -1);
+  EXPECT_EQ(layout.contentHeight(), 0);
+}
+
+TEST_F(LitehtmlGeometryTest, FragmentsAreWrappedAndStillMapped) {
+  ASSERT_TRUE(layout.layout("<div kvt1-node=\"7\"><label kvt1-node=\"8\">Name</label></div>", 200));
+  EXPECT_TRUE(inside(boxOf(8), boxOf(7)));
+  EXPECT_EQ(layout.hitTest(boxOf(8).x + 1, boxOf(8).y + 1), 8);
+}
+
+TEST_F(LitehtmlGeometryTest, HiddenElementsKeepTheirPlaceButTakeNoHits) {
+  ASSERT_TRUE(layout.layout(page("<div kvt1-node=\"2\"><span kvt1-node=\"3\" style=\"visibility:hidden\">Ghost"
+                                 "</span></div>"),
+                            200));
+  const LayoutBox ghost = boxOf(3);
+  EXPECT_GT(ghost.width, 0);
+  EXPECT_EQ(layout.hitTest(ghost.x + 1, ghost.y + 1), 2);
+}
+
+}  // namespace
+}  // namespace kvt1::html

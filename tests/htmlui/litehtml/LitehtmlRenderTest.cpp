@@ -1,0 +1,122 @@
+#include "htmlui/engine/litehtml/LitehtmlLayout.h"
+#include "tests/htmlui/litehtml/PngPixels.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+namespace kvt1::html {
+namespace {
+
+using test::PngPixels;
+
+class LitehtmlRenderTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    folder = std::filesystem::temp_directory_path() /
+             ("kvt1-render-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "-" +
+              ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    std::filesystem::create_directories(folder);
+  }
+  void TearDown() override { std::filesystem::remove_all(folder); }
+
+  std::string file(const std::string& name) const { return (folder / name).string(); }
+
+  PngPixels render(const std::string& html, int width, const std::string& name) {
+    EXPECT_TRUE(layout.layout(html, width));
+    EXPECT_TRUE(layout.renderPng(file(name)));
+    return PngPixels(file(name));
+  }
+
+  std::filesystem::path folder;
+  LitehtmlLayout layout;
+};
+
+std::string page(const std::string& body) {
+  return "<html kvt1-node=\"0\"><body kvt1-node=\"1\">" + body + "</body></html>";
+}
+
+TEST_F(LitehtmlRenderTest, PictureHasTheLayoutSizeAndShowsThePage) {
+  const PngPixels picture =
+      render(page("<h1 kvt1-node=\"2\">Update</h1><p kvt1-node=\"3\">A new version is available.</p>"
+                  "<button kvt1-node=\"4\">OK</button>"),
+             240, "dialog.png");
+  ASSERT_TRUE(picture.valid());
+  EXPECT_EQ(picture.width(), 240);
+  EXPECT_EQ(picture.height(), layout.contentHeight());
+  EXPECT_FALSE(picture.singleColour());
+  // The dialog background is light grey, not white.
+  const std::uint32_t corner = picture.at(1, 1) & 0xFFFFFF;
+  EXPECT_NE(corner, 0xFFFFFFu);
+  EXPECT_GT(corner & 0xFF, 0xC0u);
+}
+
+TEST_F(LitehtmlRenderTest, CheckedCheckBoxLooksDifferent) {
+  const auto checkBox = [](const std::string& state) {
+    return page("<div kvt1-node=\"2\"><input kvt1-node=\"3\" type=\"checkbox\" class=\"" + state +
+                "\"/><label kvt1-node=\"4\">Send usage reports</label></div>");
+  };
+  const PngPixels unchecked = render(checkBox(""), 200, "unchecked.png");
+  const auto box = layout.box(3);
+  ASSERT_TRUE(box.has_value());
+  ASSERT_GT(box->width, 4);
+  const PngPixels checked = render(checkBox("kvt1-checked"), 200, "checked.png");
+  ASSERT_EQ(layout.box(3)->x, box->x);
+  // The mark sits inside the border; the label stays as it is.
+  EXPECT_GT(checked.differenceIn(unchecked, box->x + 2, box->y + 2, box->width - 4, box->height - 4), 0.1);
+  const auto label = layout.box(4);
+  EXPECT_EQ(checked.differenceIn(unchecked, label->x, label->y, label->width, label->height), 0.0);
+}
+
+TEST_F(LitehtmlRenderTest, StateClassesChangeButtons) {
+  const PngPixels normal = render(page("<button kvt1-node=\"2\">Apply</button>"), 150, "normal.png");
+  const LayoutBox button = *layout.box(2);
+  for (const char* state : {"kvt1-hover", "kvt1-disabled"}) {
+    const PngPixels changed =
+        render(page(std::string("<button kvt1-node=\"2\" class=\"") + state + "\">Apply</button>"), 150,
+               std::string(state) + ".png");
+    EXPECT_GT(changed.differenceIn(normal, button.x, button.y, button.width, button.height), 0.5) << state;
+  }
+}
+
+TEST_F(LitehtmlRenderTest, ImagesComeFromTheLoader) {
+  std::string asked;
+  layout.setImageLoader([&](const std::string& url) {
+    asked = url;
+    return url == "IMG_LOGO.IMAGES" ? test::pngSquare(16, 0xFF0000) : std::vector<unsigned char>{};
+  });
+  const PngPixels picture = render(page("<img kvt1-node=\"2\" src=\"IMG_LOGO.IMAGES\"/>"), 100, "logo.png");
+  EXPECT_EQ(asked, "IMG_LOGO.IMAGES");
+  const auto image = layout.box(2);
+  ASSERT_TRUE(image.has_value());
+  EXPECT_EQ(image->width, 16);
+  EXPECT_EQ(image->height, 16);
+  EXPECT_EQ(picture.at(image->x + 8, image->y + 8), 0xFFFF0000u);
+}
+
+TEST_F(LitehtmlRenderTest, BrokenImageDataLeavesAnEmptyPlace) {
+  layout.setImageLoader([](const std::string&) { return std::vector<unsigned char>{'n', 'o', 't', 'p', 'n', 'g'}; });
+  const PngPixels picture = render(page("<img kvt1-node=\"2\" src=\"missing.png\"/>text"), 100, "broken.png");
+  ASSERT_TRUE(picture.valid());
+  const auto image = layout.box(2);
+  ASSERT_TRUE(image.has_value());
+  EXPECT_EQ(image->width, 0);
+}
+
+TEST_F(LitehtmlRenderTest, NothingToDrawOrNowhereToWrite) {
+  EXPECT_FALSE(layout.renderPng(file("none.png")));
+  EXPECT_FALSE(std::filesystem::exists(file("none.png")));
+  ASSERT_TRUE(layout.layout(page("<p>Text</p>"), 100));
+  EXPECT_FALSE(layout.renderPng(file("no-such-folder/page.png")));
+}
+
+TEST_F(LitehtmlRenderTest, EmptyPageStillGivesAPicture) {
+  const PngPixels picture = render(page(""), 50, "empty.png");
+  ASSERT_TRUE(picture.valid());
+  EXPECT_EQ(picture.width(), 50);
+  EXPECT_GE(picture.height(), 1);
+}
+
+}  // namespace
+}  // namespace kvt1::html
