@@ -102,6 +102,7 @@ class Compiler {
           c.id = atom;
         } else {
           c.classes.push_back(atom);
+          c.classMask |= atomBit(atom);
         }
       } else if (at(L'[')) {
         if (!parseAttribute(c)) return false;
@@ -122,6 +123,7 @@ class Compiler {
     Selector::AttributeTest test;
     test.key = atoms_.find(asciiLower(name));
     if (test.key == kNoAtom) c.impossible = true;
+    c.attributeMask |= atomBit(test.key);
     skipSpaces();
     if (!at(L']')) {
       if (at(L'=')) {
@@ -268,6 +270,16 @@ std::optional<Selector> Selector::compile(std::wstring_view text, const AtomTabl
   Selector selector;
   if (!Compiler(text, atoms).list(selector.alternatives_)) return std::nullopt;
   return selector;
+}
+
+bool Selector::rejects(Atom tag, Atom id, std::uint64_t attributeMask, std::uint64_t classMask) const {
+  for (const Complex& complex : alternatives_) {
+    const Compound& c = complex.compounds.back();
+    if (c.impossible || (c.tag != kNoAtom && c.tag != tag) || (c.hasId && c.id != id)) continue;
+    if ((c.classMask & ~classMask) != 0 || (c.attributeMask & ~attributeMask) != 0) continue;
+    return false;
+  }
+  return true;
 }
 
 bool Selector::matches(const Element& element, const Element* scope) const {

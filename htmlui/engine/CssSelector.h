@@ -4,6 +4,7 @@
 // state pseudo-classes, :root (the element a query is scoped to),
 // :first-child, :last-child, :not(simple), child and descendant combinators
 // and comma groups. Compiled once, then matched against many elements.
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,6 +21,9 @@ class Selector {
   static std::optional<Selector> compile(std::wstring_view text, const AtomTable& atoms);
 
   bool matches(const Element& element, const Element* scope) const;
+  // True when no element with these names can match: a test that reads no
+  // more than copies of an element's tag, id and masks.
+  bool rejects(Atom tag, Atom id, std::uint64_t attributeMask, std::uint64_t classMask) const;
 
   enum class Op { Exists, Equals, Includes, Prefix, Suffix, Contains };
   struct AttributeTest {
@@ -38,6 +42,8 @@ class Selector {
     bool firstChild = false;
     bool lastChild = false;
     bool impossible = false;  // names something no element has
+    std::uint64_t classMask = 0;  // atomBit of each class required
+    std::uint64_t attributeMask = 0;  // atomBit of each attribute required
     std::vector<Compound> negations;
   };
   struct Complex {

@@ -33,17 +33,25 @@ struct HandlerEntry {
 };
 
 struct Element {
+  // What selectors read first, kept together.
   std::uint32_t number = 0;
-  std::string tag;  // lowered
   Atom tagAtom = kNoAtom;
-  std::vector<Attribute> attributes;
   Atom idAtom = kNoAtom;  // cached from "id"
-  std::vector<Atom> classes;  // cached from "class"
-  std::vector<std::pair<std::string, std::wstring>> runtimeStyles;  // lowered names
   UINT state = 0;
-  POINT scroll{0, 0};
   Element* parent = nullptr;
+  std::vector<Atom> classes;  // cached from "class"
+  std::uint64_t classMask = 0;  // atomBit of each class
+  std::uint64_t attributeMask = 0;  // atomBit of each attribute name
+  std::vector<Attribute> attributes;
   std::vector<Node> children;
+  // Place in the document order of its tree: itself at orderIndex, its
+  // descendants up to orderEnd (see DomEngine::documentOrder).
+  std::uint32_t orderIndex = 0;
+  std::uint32_t orderEnd = 0;
+
+  std::string tag;  // lowered
+  std::vector<std::pair<std::string, std::wstring>> runtimeStyles;  // lowered names
+  POINT scroll{0, 0};
   int useCount = 0;
   std::vector<HandlerEntry> handlers;
   HWND view = nullptr;  // set on the root of a view's page only
@@ -87,6 +95,9 @@ void forEachDescendant(Element& root, F&& f) {
     if (f(*child, depth)) stack.push_back({child, 0, depth});
   }
 }
+
+// One bit per atom, shared by many: a clear bit proves an atom absent.
+inline std::uint64_t atomBit(Atom atom) { return std::uint64_t{1} << (atom & 63); }
 
 inline HELEMENT toHandle(const Element* element) {
   return element != nullptr ? reinterpret_cast<HELEMENT>(static_cast<std::uintptr_t>(element->number)) : nullptr;

@@ -46,6 +46,7 @@ void DomEngine::removeFromParent(Element& e) {
   const std::size_t position = e.parent->nodePosition(&e);
   if (position < siblings.size()) siblings.erase(siblings.begin() + static_cast<std::ptrdiff_t>(position));
   e.parent = nullptr;
+  ++structure_;
 }
 
 void DomEngine::insertNodes(Element& parent, std::size_t position, std::vector<Node> nodes) {
@@ -54,9 +55,37 @@ void DomEngine::insertNodes(Element& parent, std::size_t position, std::vector<N
   position = std::min(position, parent.children.size());
   parent.children.insert(parent.children.begin() + static_cast<std::ptrdiff_t>(position),
                          std::make_move_iterator(nodes.begin()), std::make_move_iterator(nodes.end()));
+  ++structure_;
+}
+
+const std::vector<DomEngine::OrderEntry>& DomEngine::documentOrder(Element& top) {
+  if (ordersStructure_ != structure_ || ordersAttributes_ != tree_.attributeVersion()) {
+    orders_.clear();
+    ordersStructure_ = structure_;
+    ordersAttributes_ = tree_.attributeVersion();
+  }
+  std::vector<OrderEntry>& order = orders_[top.number];
+  if (!order.empty()) return order;
+  const auto add = [&](Element& e) {
+    e.orderIndex = e.orderEnd = static_cast<std::uint32_t>(order.size());
+    order.push_back(OrderEntry{&e, e.tagAtom, e.idAtom, e.attributeMask, e.classMask});
+  };
+  add(top);
+  forEachDescendant(top, [&](Element& e, std::size_t) {
+    add(e);
+    return true;
+  });
+  // Parents come before their children: a backward pass carries each end up.
+  for (OrderEntry& entry : order) ++entry.element->orderEnd;
+  for (std::size_t i = order.size(); i-- > 1;) {
+    Element* parent = order[i].element->parent;
+    parent->orderEnd = std::max(parent->orderEnd, order[i].element->orderEnd);
+  }
+  return order;
 }
 
 void DomEngine::collect(Element& top, bool force) {
+  ++structure_;
   std::vector<Element*> doomed;
   std::vector<Element*> pending{&top};
   while (!pending.empty()) {
@@ -94,11 +123,17 @@ void DomEngine::collect(Element& top, bool force) {
 }
 
 void DomEngine::initialStates(Element& top) {
-  const auto apply = [this](Element& e) {
-    if (tree_.attributeValue(e, "checked") != nullptr) e.state |= STATE_CHECKED;
-    if (tree_.attributeValue(e, "selected") != nullptr) e.state |= STATE_CHECKED | STATE_CURRENT;
-    if (tree_.attributeValue(e, "disabled") != nullptr) e.state |= STATE_DISABLED;
-    if (tree_.attributeValue(e, "readonly") != nullptr) e.state |= STATE_READONLY;
+  struct Marker {
+    Atom key;
+    UINT states;
+  };
+  const Marker markers[] = {{tree_.attributeKey("checked"), STATE_CHECKED},
+                            {tree_.attributeKey("selected"), STATE_CHECKED | STATE_CURRENT},
+                            {tree_.attributeKey("disabled"), STATE_DISABLED},
+                            {tree_.attributeKey("readonly"), STATE_READONLY}};
+  const auto apply = [&](Element& e) {
+    for (const Marker& marker : markers)
+      if ((e.attributeMask & atomBit(marker.key)) != 0 && e.attribute(marker.key) != nullptr) e.state |= marker.states;
   };
   apply(top);
   forEachDescendant(top, [&](Element& e, std::size_t) {
@@ -410,6 +445,7 @@ HLDOM_RESULT DomEngine::SwapElements(HELEMENT he1, HELEMENT he2) {
   const std::size_t positionB = parentB->nodePosition(b);
   parentA->children[positionA].element = b;
   parentB->children[positionB].element = a;
+  ++structure_;
   a->parent = parentB;
   b->parent = parentA;
   changed();

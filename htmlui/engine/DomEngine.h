@@ -169,6 +169,16 @@ class DomEngine : public HtmlEngine {
   View* findView(HWND hwnd);
   View& ensureView(HWND hwnd);
   void changed() { ++generation_; }
+  // Every element of top's tree in document order, with copies of what
+  // Selector::rejects reads; rebuilt after any change of structure or attributes.
+  struct OrderEntry {
+    Element* element;
+    Atom tagAtom;
+    Atom idAtom;
+    std::uint64_t attributeMask;
+    std::uint64_t classMask;
+  };
+  const std::vector<OrderEntry>& documentOrder(Element& top);
   void initialStates(Element& top);
   void attachBehaviors(Element& top);
   void collect(Element& top, bool force);
@@ -208,7 +218,11 @@ class DomEngine : public HtmlEngine {
   std::vector<Timer> timers_;
   std::deque<PostedEvent> posted_;
   std::uint64_t now_ = 0;
-  std::uint64_t generation_ = 1;
+  std::uint64_t generation_ = 1;  // counts every change, for layout
+  std::uint64_t structure_ = 1;  // counts changes of parents and children
+  std::uint64_t ordersStructure_ = 0;
+  std::uint64_t ordersAttributes_ = 0;
+  std::map<std::uint32_t, std::vector<OrderEntry>> orders_;
   std::function<HELEMENT(HELEMENT)> popupUser_;
   std::unique_ptr<LayoutProvider> layout_;
   HWND laidOutView_ = nullptr;

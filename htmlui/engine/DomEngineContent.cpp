@@ -58,10 +58,10 @@ HLDOM_RESULT DomEngine::SetElementHtml(HELEMENT he, LPCBYTE html, DWORD htmlLeng
     removeFromParent(*e);
     if (e->useCount == 0) collect(*e, false);
   }
-  changed();
   for (const std::uint32_t n : added) {
     if (Element* fresh = tree_.find(n)) initialStates(*fresh);
   }
+  changed();
   for (const std::uint32_t n : added) {
     if (Element* fresh = tree_.find(n)) attachBehaviors(*fresh);
   }
@@ -84,6 +84,7 @@ HLDOM_RESULT DomEngine::SetElementInnerText16(HELEMENT he, LPCWSTR text, UINT le
   std::vector<Node> old = std::move(e->children);
   e->children.clear();
   if (length != 0) e->children.push_back(Node{nullptr, std::wstring(text, length)});
+  ++structure_;
   releaseNodes(old);
   changed();
   return HLDOM_OK;

@@ -58,10 +58,13 @@ HLDOM_RESULT DomEngine::select(HELEMENT he, const std::wstring& selectors, HTMLa
   const std::optional<Selector> selector = Selector::compile(selectors, tree_.atoms());
   if (!selector) return HLDOM_INVALID_PARAMETER;
   std::vector<std::uint32_t> found;
-  forEachDescendant(*scope, [&](Element& e, std::size_t) {
-    if (selector->matches(e, scope)) found.push_back(e.number);
-    return true;
-  });
+  const auto& order = documentOrder(*scope->top());
+  for (std::uint32_t i = scope->orderIndex + 1; i < scope->orderEnd; ++i) {
+    const auto& entry = order[i];
+    if (!selector->rejects(entry.tagAtom, entry.idAtom, entry.attributeMask, entry.classMask) &&
+        selector->matches(*entry.element, scope))
+      found.push_back(entry.element->number);
+  }
   for (const std::uint32_t n : found) {
     Element* e = tree_.find(n);  // a callback may have removed it
     if (e != nullptr && cb(toHandle(e), param)) break;

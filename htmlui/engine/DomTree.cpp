@@ -32,7 +32,9 @@ const std::wstring* DomTree::attributeValue(const Element& element, std::string_
 }
 
 void DomTree::setAttribute(Element& element, std::string_view name, std::wstring_view value) {
+  ++attributeVersion_;
   const Atom key = attributeKey(name);
+  element.attributeMask |= atomBit(key);
   for (Attribute& a : element.attributes) {
     if (a.key == key) {
       a.value = value;
@@ -49,8 +51,14 @@ bool DomTree::removeAttribute(Element& element, std::string_view name) {
   for (auto it = element.attributes.begin(); it != element.attributes.end(); ++it) {
     if (it->key != key) continue;
     element.attributes.erase(it);
+    ++attributeVersion_;
+    element.attributeMask = 0;
+    for (const Attribute& a : element.attributes) element.attributeMask |= atomBit(a.key);
     if (key == idKey_) element.idAtom = kNoAtom;
-    if (key == classKey_) element.classes.clear();
+    if (key == classKey_) {
+      element.classes.clear();
+      element.classMask = 0;
+    }
     return true;
   }
   return false;
@@ -61,13 +69,17 @@ void DomTree::refreshCache(Element& element, const Attribute& changed) {
     element.idAtom = atoms_.intern(changed.value);
   } else if (changed.key == classKey_) {
     element.classes.clear();
+    element.classMask = 0;
     const std::wstring& v = changed.value;
     std::size_t pos = 0;
     while (pos < v.size()) {
       while (pos < v.size() && iswspace(v[pos])) ++pos;
       std::size_t end = pos;
       while (end < v.size() && !iswspace(v[end])) ++end;
-      if (end > pos) element.classes.push_back(atoms_.intern(std::wstring_view(v).substr(pos, end - pos)));
+      if (end > pos) {
+        element.classes.push_back(atoms_.intern(std::wstring_view(v).substr(pos, end - pos)));
+        element.classMask |= atomBit(element.classes.back());
+      }
       pos = end;
     }
   }

@@ -29,6 +29,8 @@ class DomTree {
   AtomTable& atoms() { return atoms_; }
   const AtomTable& atoms() const { return atoms_; }
   std::size_t size() const { return elements_.size(); }
+  // Counts attribute changes, so that copies of ids, classes and masks can tell they are stale.
+  std::uint64_t attributeVersion() const { return attributeVersion_; }
 
  private:
   void refreshCache(Element& element, const Attribute& changed);
@@ -36,6 +38,7 @@ class DomTree {
   AtomTable atoms_;
   std::unordered_map<std::uint32_t, std::unique_ptr<Element>> elements_;
   std::uint32_t nextNumber_ = 1;
+  std::uint64_t attributeVersion_ = 0;
   Atom idKey_ = atoms_.intern(L"id");
   Atom classKey_ = atoms_.intern(L"class");
 };
