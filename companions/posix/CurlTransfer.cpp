@@ -1,0 +1,92 @@
+// The exchange on libcurl. Proxies follow libcurl's reading of http_proxy,
+// https_proxy and no_proxy; redirects are left to the caller.
+#include <curl/curl.h>
+
+#include <memory>
+
+#include "companions/HttpTransfer.h"
+
+namespace kvt1::http {
+namespace {
+
+// libcurl's global state lives as long as this library is loaded.
+class CurlGlobal {
+ public:
+  CurlGlobal() : ok_(curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK) {}
+  ~CurlGlobal() {
+    if (ok_) curl_global_cleanup();
+  }
+  bool ok() const { return ok_; }
+
+ private:
+  bool ok_;
+};
+
+bool curlReady() {
+  static CurlGlobal global;
+  return global.ok();
+}
+
+struct BodySink {
+  std::string* body;
+  std::size_t limit;
+};
+
+// Stops the transfer (a short count) once the body would pass the limit.
+extern "C" size_t appendBody(char* data, size_t size, size_t count, void* context) {
+  BodySink* sink = static_cast<BodySink*>(context);
+  const std::size_t bytes = size * count;
+  if (sink->body->size() + bytes > sink->limit) return 0;
+  sink->body->append(data, bytes);
+  return bytes;
+}
+
+struct CurlDeleter {
+  void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+};
+struct HeaderListDeleter {
+  void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+};
+
+}  // namespace
+
+HttpResponse performTransfer(const HttpRequest& request, const TransferLimits& limits) {
+  HttpResponse response;
+  if (!curlReady()) return response;
+  std::unique_ptr<CURL, CurlDeleter> curl(curl_easy_init());
+  if (!curl) return response;
+  CURL* handle = curl.get();
+
+  BodySink sink{&response.body, limits.maxBodyBytes};
+  curl_easy_setopt(handle, CURLOPT_URL, request.url.c_str());
+  curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
+  curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 0L);
+  curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
+  curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, limits.connectTimeoutMs);
+  curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, limits.totalTimeoutMs);
+  curl_easy_setopt(handle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(limits.maxBodyBytes));
+  curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &appendBody);
+  curl_easy_setopt(handle, CURLOPT_WRITEDATA, &sink);
+  curl_easy_setopt(handle, CURLOPT_USERAGENT, "HalvornHttpClient/1.0");
+
+  std::unique_ptr<curl_slist, HeaderListDeleter> headers;
+  if (request.post) {
+    const std::string contentType = "Content-Type: " + request.contentType;
+    headers.reset(curl_slist_append(nullptr, contentType.c_str()));
+    if (!headers) return response;
+    curl_easy_setopt(handle, CURLOPT_HTTPHEADER, headers.get());
+    curl_easy_setopt(handle, CURLOPT_POSTFIELDS, request.body.c_str());
+    curl_easy_setopt(handle, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request.body.size()));
+  }
+
+  if (curl_easy_perform(handle) != CURLE_OK) {
+    response.body.clear();
+    return response;
+  }
+  long status = 0;
+  curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status);
+  response.status = static_cast<int>(status);
+  return response;
+}
+
+}  // namespace kvt1::http

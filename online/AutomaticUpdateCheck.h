@@ -1,0 +1,26 @@
+#pragma once
+// The top-level update check: the application's own product first, then an
+// optional second product, and the "No updates were found." message after a
+// check the user asked for that showed nothing.
+#include <cstdint>
+#include <string>
+
+#include "online/Clock.h"
+#include "online/ICheckForUpdateView.h"
+
+namespace Hv::Http {
+
+struct UpdateCheckRequest {
+  bool manual = false;
+  std::uint32_t secondProduct = 0;  // 0: none
+  std::wstring version;
+  std::wstring language;
+  bool mapFlag = false;
+};
+
+// Runs the check against the process-wide manager, unless the guard says to
+// skip it. True when the view showed something.
+bool RunAutomaticUpdateCheck(ICheckForUpdateView& view, const UpdateCheckRequest& request,
+                             kvt1::Clock clock = kvt1::systemSeconds);
+
+}  // namespace Hv::Http

@@ -1,0 +1,11 @@
+#pragma once
+// The message after a check the user asked for found nothing to show.
+namespace kvt1 {
+
+extern const wchar_t kNoUpdatesText[];
+extern const wchar_t kUpdatesCaption[];
+
+// "No updates were found." over the active window.
+void showNoUpdatesMessage();
+
+}  // namespace kvt1
