@@ -23,6 +23,12 @@
 (kvt1_reporting "Count::Surfaces")
 (kvt1_GetSettings "##120")
 
+; The update check at start-up asked the local update service; a check now
+; asks again. Switching the start-up check off is stored for the user.
+(kvt1_SetSettings "##120" "2")
+(kvt1_SetSettings "##120" "0")
+(kvt1_GetSettings "##120")
+
 ; The start command queues the LISP application once; a second run does nothing.
 KVT1
 KVT1

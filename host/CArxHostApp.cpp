@@ -5,6 +5,7 @@
 #include "host/ProductIdentity.h"
 #include "host/ResourceScope.h"
 #include "host/SupportPath.h"
+#include "online/ModuleUpdateCheck.h"
 #include "host/UserDataFolder.h"
 #include "platform/ThisModule.h"
 #include "settings/CSettingsStore.h"
@@ -58,6 +59,8 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
   if (settings.readString(kSettingUserDataPath, userData) != 0 || userData.empty()) return AcRx::kRetError;
 
   m_helpMap.load(helpMapFile(settings));
+  loadUpdateServices(m_location.folder);
+  runModuleUpdateCheck(false, settings);
   cleanSupportPath(kEarlierInstallationMarker);
   return AcRx::kRetOK;
 }
@@ -69,6 +72,7 @@ AcRx::AppRetCode CArxHostApp::On_kUnloadAppMsg(void* pkt) {
     AcRxArxApp::On_kUnloadAppMsg(pkt);
     removeCommandGroup();
     NTxtRes::ReleaseTextDocument();
+    releaseUpdateServices();
   }
   m_languageModule.release();
   return AcRx::kRetOK;

@@ -1,11 +1,43 @@
 #include "host/LispServices.h"
 
 #include "host/arx/Arx.h"
+#include "online/CHvAutomaticUpdateManager.h"
+#include "online/ModuleUpdateCheck.h"
 #include "platform/Shell.h"
 #include "settings/CHelpTopicMap.h"
 #include "settings/HelpFiles.h"
 
 namespace kvt1 {
+
+namespace {
+
+constexpr int kSettingAutomaticUpdateCheck = 120;
+constexpr int kRunUpdateCheckNow = 2;
+
+// An integer from the text's leading digits, after blanks and a sign; 0 without digits.
+int leadingInteger(const std::wstring& text) {
+  std::size_t at = text.find_first_not_of(L" \t");
+  if (at == std::wstring::npos) return 0;
+  const bool negative = text[at] == L'-';
+  if (text[at] == L'-' || text[at] == L'+') ++at;
+  long long value = 0;
+  for (; at < text.size() && text[at] >= L'0' && text[at] <= L'9'; ++at) {
+    value = value * 10 + (text[at] - L'0');
+    if (value > 0x7FFFFFFF) break;
+  }
+  if (value > 0x7FFFFFFF) value = 0x7FFFFFFF;
+  return static_cast<int>(negative ? -value : value);
+}
+
+// "##<number>": every "##" removed and the rest read as an integer; a key
+// without "##" is number 0.
+int settingKeyNumber(std::wstring key) {
+  if (key.find(L"##") == std::wstring::npos) return 0;
+  for (std::size_t at; (at = key.find(L"##")) != std::wstring::npos;) key.erase(at, 2);
+  return leadingInteger(key);
+}
+
+}  // namespace
 
 const wchar_t kSupportPageAddress[] = L"https://www.halvorn.aero/support/kvt";
 
@@ -45,7 +77,21 @@ void CLispServices::openSupportPage() { platform::shellOpen(kSupportPageAddress,
 void CLispServices::driveSplash(int) {}
 void CLispServices::showInfo() {}
 void CLispServices::countFeatureUse(const std::wstring&) {}
-bool CLispServices::readSetting(const std::wstring&) { return false; }
-void CLispServices::writeSetting(const std::wstring&, const std::wstring&) {}
+bool CLispServices::readSetting(const std::wstring& key) {
+  if (settingKeyNumber(key) != kSettingAutomaticUpdateCheck) return false;
+  return Hv::Http::CHvAutomaticUpdateManager::Instance()->CheckOnStartUp();
+}
+
+void CLispServices::writeSetting(const std::wstring& key, const std::wstring& value) {
+  if (settingKeyNumber(key) != kSettingAutomaticUpdateCheck) return;
+  const int number = leadingInteger(value);
+  if (number == kRunUpdateCheckNow) {
+    runModuleUpdateCheck(true, settings_);
+    return;
+  }
+  Hv::Http::CHvAutomaticUpdateManager* updates = Hv::Http::CHvAutomaticUpdateManager::Instance();
+  updates->SetCheckOnStartUp(number == 1);
+  updates->SaveCheckOnStartUp();
+}
 
 }  // namespace kvt1

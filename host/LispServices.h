@@ -1,9 +1,9 @@
 #pragma once
 // The services behind the LISP functions, called once a call's arguments have
-// passed their checks. Help topics, function help and the support page are
-// answered here; the splash and information dialogs, usage counting and the
-// update check settings answer with no visible effect until their subsystems
-// are part of the module (kvt1_GetSettings then answers "0").
+// passed their checks. Help topics, function help, the support page and the
+// update check's setting (key "##120") are answered here; the splash and
+// information dialogs and usage counting answer with no visible effect until
+// their subsystems are part of the module.
 #include <string>
 
 namespace kvt1 {

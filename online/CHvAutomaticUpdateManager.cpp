@@ -94,6 +94,7 @@ void CHvAutomaticUpdateManager::LoadSettings(const std::wstring& keyPath) {
 }
 
 bool CHvAutomaticUpdateManager::SaveCheckOnStartUp() {
+  if (m_keyPath.empty()) return false;  // settings never loaded: never write at a root
   const std::uint32_t value = m_checkOnStartUp ? 1 : 0;
   return writeUserValue(m_keyPath, L"CheckUpdatesOnStartUp", kvt1::platform::kRegDword, &value, sizeof value) ==
          kvt1::platform::kRegSuccess;
@@ -101,6 +102,7 @@ bool CHvAutomaticUpdateManager::SaveCheckOnStartUp() {
 
 bool CHvAutomaticUpdateManager::DismissUpdates(std::uint32_t product, std::int64_t time) {
   m_dismissed[product] = time;
+  if (m_keyPath.empty()) return false;
   const std::wstring record = WriteDismissedUpdates(m_dismissed);
   return writeUserValue(m_keyPath, L"DismissedUpdates", kvt1::platform::kRegSz, record.c_str(),
                         static_cast<std::uint32_t>((record.size() + 1) * sizeof(wchar_t))) ==

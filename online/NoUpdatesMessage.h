@@ -5,7 +5,8 @@ namespace kvt1 {
 extern const wchar_t kNoUpdatesText[];
 extern const wchar_t kUpdatesCaption[];
 
-// "No updates were found." over the active window.
+// "No updates were found." over the active window, in the language
+// module's words when it has them.
 void showNoUpdatesMessage();
 
 }  // namespace kvt1

@@ -57,6 +57,8 @@ TestInstallation::TestInstallation(bool machineKey, const std::wstring& dataFold
       {L"Language", L"ENU"},
       {L"DataPath", dataFolder()},
       {L"DeploymentPath", folder_ + L"\\Deployment"},
+      // Update checks go to a closed local port, never to the maker's service.
+      {L"CheckUpdateUrl", L"127.0.0.1:9"},
   };
 #ifdef _WIN32
   removeProductKeys();

@@ -5,8 +5,12 @@
 
 #include "host/LispFunctions.h"
 #include "host/LispServices.h"
+#include "online/CHvAutomaticUpdateManager.h"
 #include "settings/CHelpTopicMap.h"
 #include "settings/CSettingsStore.h"
+#include "settings/ProductKey.h"
+#include "tests/common/HeadlessRecorder.h"
+#include "tests/common/TestInstallation.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
 #include "tools/kvt1-host/core/ResultBuffers.h"
 
@@ -23,10 +27,18 @@ class Dispatcher : public ::testing::Test {
     host().setOutput([this](const std::wstring& text) { output += text; });
     host().openDocument();
     ASSERT_TRUE(defineLispFunctions());
+    loadUpdateSettings();
   }
   void TearDown() override { host().reset(); }
 
   static EmulatedHost& host() { return EmulatedHost::instance(); }
+
+  // The update switches afresh from the installation's registry, as at start-up.
+  static void loadUpdateSettings() {
+    Hv::Http::CHvAutomaticUpdateManager* updates = Hv::Http::CHvAutomaticUpdateManager::Instance();
+    *updates = Hv::Http::CHvAutomaticUpdateManager();
+    updates->LoadSettings(productKeyPath());
+  }
 
   // Calls a function as the host does and answers its result in LISP notation.
   std::wstring call(const std::wstring& name, std::vector<LispValue> args) {
@@ -37,6 +49,7 @@ class Dispatcher : public ::testing::Test {
     return toLispText(host().endCall());
   }
 
+  testing::TestInstallation installation;
   std::wstring output;
   CHelpTopicMap helpMap;
   CSettingsStore settings;
@@ -85,7 +98,7 @@ TEST_F(Dispatcher, ChecksArgumentsWithTheirMessagesAndOutcomes) {
       {L"kvt1_support", {num(1), num(2), num(3)}, L"", L"(0)"},  // arguments not checked
       {L"kvt1_GetSettings", {}, L"less parameters provided\n", L"nil"},
       {L"kvt1_GetSettings", {num(1)}, L"First parameter should be string\n", L"(0)"},
-      {L"kvt1_GetSettings", {str(L"##120")}, L"", L"\"0\""},
+      {L"kvt1_GetSettings", {str(L"##120")}, L"", L"\"1\""},
       {L"kvt1_SetSettings", {str(L"##120")}, L"less parameters provided\n", L"nil"},
       {L"kvt1_SetSettings", {str(L"##120"), LispValue::nil()}, L"Second parameter should be string\n", L"(0)"},
       {L"kvt1_SetSettings", {str(L"##120"), str(L"1")}, L"", L"(0)"},
@@ -97,6 +110,33 @@ TEST_F(Dispatcher, ChecksArgumentsWithTheirMessagesAndOutcomes) {
     EXPECT_EQ(output, c.printed);
     EXPECT_EQ(result, c.result);
   }
+}
+
+TEST_F(Dispatcher, UpdateSwitchKeysAndValuesReadAsNumbersAndAreStoredForTheUser) {
+  const auto get = [this](const wchar_t* key) { return call(L"kvt1_GetSettings", {str(key)}); };
+  const auto set = [this](const wchar_t* key, const wchar_t* value) {
+    return call(L"kvt1_SetSettings", {str(key), str(value)});
+  };
+  EXPECT_EQ(get(L"120"), L"\"0\"");  // no "##": number 0, whatever the switch
+  EXPECT_EQ(set(L"##120", L"yes"), L"(0)");  // no digits: 0 switches off
+  EXPECT_EQ(get(L"##120"), L"\"0\"");
+  loadUpdateSettings();
+  EXPECT_EQ(get(L"##120"), L"\"0\"");
+
+  EXPECT_EQ(set(L"120", L"1"), L"(0)");  // number 0: ignored
+  EXPECT_EQ(get(L"##120"), L"\"0\"");
+  EXPECT_EQ(set(L"##1##20 days", L" 1st"), L"(0)");  // every "##" removed, leading digits
+  EXPECT_EQ(get(L"##12##0"), L"\"1\"");
+  loadUpdateSettings();
+  EXPECT_EQ(get(L"##120"), L"\"1\"");
+
+  EXPECT_EQ(set(L"##120", L"0"), L"(0)");
+  testing::headless().messages.clear();
+  EXPECT_EQ(set(L"##120", L"2"), L"(0)");  // a check now (no service answers); the switch stays off
+  EXPECT_EQ(testing::headless().messages,
+            std::vector<std::wstring>{L"Automatic Updates Notification: No updates were found."});
+  EXPECT_EQ(get(L"##120"), L"\"0\"");
+  EXPECT_EQ(output, L"");
 }
 
 TEST_F(Dispatcher, TypeTestsLookAtTheTypeCodeOnly) {

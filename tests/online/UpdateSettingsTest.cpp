@@ -14,6 +14,10 @@ using platform::RegistryRoot;
 
 class UpdateSettings : public ::testing::Test {
  protected:
+  // The test installation names a local update address; these tests start without one.
+  void SetUp() override {
+    setRegistryString(installation, RegistryRoot::LocalMachine, productKeyPath(), L"CheckUpdateUrl", L"");
+  }
   void TearDown() override { removeMakerDevKey(); }
 
   void machineDword(const wchar_t* name, std::uint32_t value, const std::wstring& key = productKeyPath()) {

@@ -53,7 +53,7 @@ TEST_F(EmulatorSession, AnswersCallsWithMessagesAndResults) {
             L"less parameters provided\nnil\n"
             L"String expected as parameter...\n(0)\n"
             L"More parameters provided\nnil\n"
-            L"\"0\"\n");
+            L"\"1\"\n");
   EXPECT_EQ(session->faults(), 0);
 }
 
