@@ -229,16 +229,24 @@ bool attributeMatches(const Selector::AttributeTest& test, const Element& e) {
   return false;
 }
 
+// The tests that need the element itself: states, attribute values, place
+// among siblings, the scope and negations.
+bool elementPartMatches(const Compound& c, const Element& e, const Element* scope);
+
 bool compoundMatches(const Compound& c, const Element& e, const Element* scope) {
   if (c.impossible) return false;
   if (c.tag != kNoAtom && e.tagAtom != c.tag) return false;
   if (c.hasId && e.idAtom != c.id) return false;
-  if ((e.state & c.states) != c.states) return false;
   for (const Atom cls : c.classes) {
     bool found = false;
     for (const Atom own : e.classes) found = found || own == cls;
     if (!found) return false;
   }
+  return elementPartMatches(c, e, scope);
+}
+
+bool elementPartMatches(const Compound& c, const Element& e, const Element* scope) {
+  if ((e.state & c.states) != c.states) return false;
   for (const Selector::AttributeTest& test : c.attributes)
     if (!attributeMatches(test, e)) return false;
   if (c.root && &e != scope) return false;
@@ -255,12 +263,40 @@ bool compoundMatches(const Compound& c, const Element& e, const Element* scope) 
   return true;
 }
 
+bool needsElement(const Compound& c) {
+  return c.states != 0 || !c.attributes.empty() || c.root || c.firstChild || c.lastChild || !c.negations.empty();
+}
+
+bool compoundMatches(const Compound& c, const OrderEntry& entry, const Element* scope) {
+  if (c.impossible) return false;
+  if (c.tag != kNoAtom && entry.tagAtom != c.tag) return false;
+  if (c.hasId && entry.idAtom != c.id) return false;
+  if ((c.classMask & ~entry.classMask) != 0 || (c.attributeMask & ~entry.attributeMask) != 0) return false;
+  for (const Atom cls : c.classes)
+    if (!entry.hasClass(cls)) return false;
+  return !needsElement(c) || elementPartMatches(c, *entry.element, scope);
+}
+
 bool complexMatches(const Complex& complex, std::size_t index, const Element& e, const Element* scope) {
   if (!compoundMatches(complex.compounds[index], e, scope)) return false;
   if (index == 0) return true;
   if (complex.child[index - 1]) return e.parent != nullptr && complexMatches(complex, index - 1, *e.parent, scope);
   for (const Element* p = e.parent; p != nullptr; p = p->parent)
     if (complexMatches(complex, index - 1, *p, scope)) return true;
+  return false;
+}
+
+// Ancestors are walked through the order's parent indexes. An order covers
+// one whole tree, so every ancestor of an entry is in it.
+bool complexMatches(const Complex& complex, std::size_t index, const OrderEntry* order, std::uint32_t at,
+                    const Element* scope) {
+  if (!compoundMatches(complex.compounds[index], order[at], scope)) return false;
+  if (index == 0) return true;
+  std::uint32_t parent = order[at].parent;
+  if (complex.child[index - 1])
+    return parent != OrderEntry::kNoParent && complexMatches(complex, index - 1, order, parent, scope);
+  for (; parent != OrderEntry::kNoParent; parent = order[parent].parent)
+    if (complexMatches(complex, index - 1, order, parent, scope)) return true;
   return false;
 }
 
@@ -272,11 +308,11 @@ std::optional<Selector> Selector::compile(std::wstring_view text, const AtomTabl
   return selector;
 }
 
-bool Selector::rejects(Atom tag, Atom id, std::uint64_t attributeMask, std::uint64_t classMask) const {
+bool Selector::rejects(const OrderEntry& entry) const {
   for (const Complex& complex : alternatives_) {
     const Compound& c = complex.compounds.back();
-    if (c.impossible || (c.tag != kNoAtom && c.tag != tag) || (c.hasId && c.id != id)) continue;
-    if ((c.classMask & ~classMask) != 0 || (c.attributeMask & ~attributeMask) != 0) continue;
+    if (c.impossible || (c.tag != kNoAtom && c.tag != entry.tagAtom) || (c.hasId && c.id != entry.idAtom)) continue;
+    if ((c.classMask & ~entry.classMask) != 0 || (c.attributeMask & ~entry.attributeMask) != 0) continue;
     return false;
   }
   return true;
@@ -285,6 +321,12 @@ bool Selector::rejects(Atom tag, Atom id, std::uint64_t attributeMask, std::uint
 bool Selector::matches(const Element& element, const Element* scope) const {
   for (const Complex& complex : alternatives_)
     if (complexMatches(complex, complex.compounds.size() - 1, element, scope)) return true;
+  return false;
+}
+
+bool Selector::matches(const OrderEntry* order, std::uint32_t index, const Element* scope) const {
+  for (const Complex& complex : alternatives_)
+    if (complexMatches(complex, complex.compounds.size() - 1, order, index, scope)) return true;
   return false;
 }
 

@@ -12,6 +12,7 @@
 
 #include "htmlui/engine/DomAtoms.h"
 #include "htmlui/engine/DomElement.h"
+#include "htmlui/engine/DomOrder.h"
 
 namespace kvt1::html {
 
@@ -21,9 +22,11 @@ class Selector {
   static std::optional<Selector> compile(std::wstring_view text, const AtomTable& atoms);
 
   bool matches(const Element& element, const Element* scope) const;
+  // The same test for order[index], read from the order's copies first.
+  bool matches(const OrderEntry* order, std::uint32_t index, const Element* scope) const;
   // True when no element with these names can match: a test that reads no
   // more than copies of an element's tag, id and masks.
-  bool rejects(Atom tag, Atom id, std::uint64_t attributeMask, std::uint64_t classMask) const;
+  bool rejects(const OrderEntry& entry) const;
 
   enum class Op { Exists, Equals, Includes, Prefix, Suffix, Contains };
   struct AttributeTest {

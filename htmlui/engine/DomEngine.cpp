@@ -58,7 +58,7 @@ void DomEngine::insertNodes(Element& parent, std::size_t position, std::vector<N
   ++structure_;
 }
 
-const std::vector<DomEngine::OrderEntry>& DomEngine::documentOrder(Element& top) {
+const std::vector<OrderEntry>& DomEngine::documentOrder(Element& top) {
   if (ordersStructure_ != structure_ || ordersAttributes_ != tree_.attributeVersion()) {
     orders_.clear();
     ordersStructure_ = structure_;
@@ -66,13 +66,14 @@ const std::vector<DomEngine::OrderEntry>& DomEngine::documentOrder(Element& top)
   }
   std::vector<OrderEntry>& order = orders_[top.number];
   if (!order.empty()) return order;
-  const auto add = [&](Element& e) {
+  const auto add = [&](Element& e, std::uint32_t parent) {
     e.orderIndex = e.orderEnd = static_cast<std::uint32_t>(order.size());
-    order.push_back(OrderEntry{&e, e.tagAtom, e.idAtom, e.attributeMask, e.classMask});
+    order.push_back(OrderEntry::of(e, parent));
   };
-  add(top);
+  add(top, OrderEntry::kNoParent);
+  // Parents are added before their children, so a parent's index is known.
   forEachDescendant(top, [&](Element& e, std::size_t) {
-    add(e);
+    add(e, e.parent->orderIndex);
     return true;
   });
   // Parents come before their children: a backward pass carries each end up.

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "htmlui/engine/DomOrder.h"
 #include "htmlui/engine/DomTree.h"
 #include "htmlui/engine/HtmlEngine.h"
 #include "htmlui/engine/LayoutProvider.h"
@@ -169,15 +170,8 @@ class DomEngine : public HtmlEngine {
   View* findView(HWND hwnd);
   View& ensureView(HWND hwnd);
   void changed() { ++generation_; }
-  // Every element of top's tree in document order, with copies of what
-  // Selector::rejects reads; rebuilt after any change of structure or attributes.
-  struct OrderEntry {
-    Element* element;
-    Atom tagAtom;
-    Atom idAtom;
-    std::uint64_t attributeMask;
-    std::uint64_t classMask;
-  };
+  // Every element of top's tree in document order, with the copies that
+  // selectors read; rebuilt after any change of structure or attributes.
   const std::vector<OrderEntry>& documentOrder(Element& top);
   void initialStates(Element& top);
   void attachBehaviors(Element& top);

@@ -57,16 +57,17 @@ HLDOM_RESULT DomEngine::select(HELEMENT he, const std::wstring& selectors, HTMLa
   if (cb == nullptr) return HLDOM_INVALID_PARAMETER;
   const std::optional<Selector> selector = Selector::compile(selectors, tree_.atoms());
   if (!selector) return HLDOM_INVALID_PARAMETER;
-  std::vector<std::uint32_t> found;
-  const auto& order = documentOrder(*scope->top());
+  std::vector<std::pair<Element*, std::uint32_t>> found;
+  const std::vector<OrderEntry>& order = documentOrder(*scope->top());
   for (std::uint32_t i = scope->orderIndex + 1; i < scope->orderEnd; ++i) {
-    const auto& entry = order[i];
-    if (!selector->rejects(entry.tagAtom, entry.idAtom, entry.attributeMask, entry.classMask) &&
-        selector->matches(*entry.element, scope))
-      found.push_back(entry.element->number);
+    if (!selector->rejects(order[i]) && selector->matches(order.data(), i, scope))
+      found.emplace_back(order[i].element, order[i].element->number);
   }
-  for (const std::uint32_t n : found) {
-    Element* e = tree_.find(n);  // a callback may have removed it
+  // Elements are only ever destroyed with a change of structure: until a
+  // callback makes one, the pointers found are still the elements.
+  const std::uint64_t structure = structure_;
+  for (const auto& [pointer, number] : found) {
+    Element* e = structure_ == structure ? pointer : tree_.find(number);
     if (e != nullptr && cb(toHandle(e), param)) break;
   }
   return HLDOM_OK;

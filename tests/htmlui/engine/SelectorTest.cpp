@@ -137,6 +137,32 @@ TEST_F(SelectorTest, TrueFromTheCallbackStops) {
   EXPECT_EQ(ids(engine, seen), "l1 l2");
 }
 
+// Removes the next matching element the first time it is called.
+BOOL HLCALLBACK removeTheNext(HELEMENT he, LPVOID param) {
+  auto* state = static_cast<std::pair<DomEngine*, std::vector<HELEMENT>>*>(param);
+  state->second.push_back(he);
+  if (state->second.size() == 1) {
+    HELEMENT next = selectFirst(*state->first, rootOf(*state->first, window()), "#l2");
+    state->first->DeleteElement(next);
+  }
+  return FALSE;
+}
+
+TEST_F(SelectorTest, ElementsRemovedByTheCallbackAreNotReported) {
+  std::pair<DomEngine*, std::vector<HELEMENT>> state{&engine, {}};
+  EXPECT_EQ(engine.SelectElements(root, "li", &removeTheNext, &state), HLDOM_OK);
+  EXPECT_EQ(ids(engine, state.second), "l1 l3 m1i1");
+}
+
+TEST_F(SelectorTest, ManyClassesAndDeepAncestors) {
+  engine.SetAttributeByName(byId("l3"), "class", L"a b c d e f");
+  EXPECT_EQ(find("li.f.a"), "l3");
+  EXPECT_EQ(find("li.a.g"), "");
+  EXPECT_EQ(find("div.main li.f"), "l3");
+  EXPECT_EQ(find("body > div.box > ul > li.e"), "l3");
+  EXPECT_EQ(find("div.missing li.f"), "");
+}
+
 TEST_F(SelectorTest, WideSelectorsMatchWideValues) {
   engine.SetAttributeByName(byId("p1"), "title", L"Gr\u00FC\u00DFe");
   std::vector<HELEMENT> found;
