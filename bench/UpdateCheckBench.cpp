@@ -8,7 +8,7 @@
 #include "online/AutomaticUpdateCheck.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "online/CHvHttpClientManager.h"
-#include "online/CSilentCheckForUpdateView.h"
+#include "tests/online/CSilentCheckForUpdateView.h"
 #include "platform/Registry.h"
 #include "settings/ProductKey.h"
 #include "tests/common/TestInstallation.h"

@@ -24,10 +24,8 @@
 (kvt1_GetSettings "##120")
 
 ; The update check at start-up asked the local update service; a check now
-; asks again. Switching the start-up check off is stored for the user.
+; asks again.
 (kvt1_SetSettings "##120" "2")
-(kvt1_SetSettings "##120" "0")
-(kvt1_GetSettings "##120")
 
 ; The start command queues the LISP application once; a second run does nothing.
 KVT1
@@ -37,3 +35,17 @@ KVT1
 NEW
 (kvt1_info)
 CLOSE
+
+; The host starts again. The update notification at start-up is answered
+; this time: its updates are dismissed, after a confirmation.
+@click btnDismiss
+@answer YES
+RELOAD
+
+; The next start shows nothing; a check on request shows the updates again.
+RELOAD
+(kvt1_SetSettings "##120" "2")
+
+; Switching the start-up check off is stored for the user.
+(kvt1_SetSettings "##120" "0")
+(kvt1_GetSettings "##120")

@@ -6,6 +6,7 @@
 #include "host/ResourceScope.h"
 #include "host/SupportPath.h"
 #include "online/ModuleUpdateCheck.h"
+#include "online/usage/dialog/ModuleUsageReporting.h"
 #include "host/UserDataFolder.h"
 #include "platform/ThisModule.h"
 #include "settings/CSettingsStore.h"
@@ -47,11 +48,14 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
 
   // A missing engine library is not an error here; the dialogs report it when they open.
   m_htmlEngine = platform::DynamicLibrary::load(splitModulePath(modulePath).folder + L"\\htmlayout.dll");
+  m_htmlEngineSetup.start(m_htmlEngine, m_hdllInstance);
 
   AcRxArxApp::On_kInitAppMsg(pkt);
   CSettingsStore& settings = theSettings();
   ensureUserDataFolder(settings);
   registerCommand();
+  if (!m_splash) m_splash = std::make_unique<CKVTSplash>(adsw_acadMainWnd());
+  m_services.setSplash(m_splash.get());
   m_location = splitModulePath(modulePath);
 
   // Without a user data folder the module cannot work; the host unloads it.
@@ -59,18 +63,25 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
   if (settings.readString(kSettingUserDataPath, userData) != 0 || userData.empty()) return AcRx::kRetError;
 
   m_helpMap.load(helpMapFile(settings));
+  // Modeless, on its own timer: the start goes on while the splash shows.
+  m_splash->ShowAtStartUp();
   loadUpdateServices(m_location.folder);
-  runModuleUpdateCheck(false, settings);
+  runModuleUpdateCheck(false, settings, adsw_acadMainWnd());
   cleanSupportPath(kEarlierInstallationMarker);
+  startUsageReporting(adsw_acadMainWnd());
   return AcRx::kRetOK;
 }
 
 AcRx::AppRetCode CArxHostApp::On_kUnloadAppMsg(void* pkt) {
   {
     ResourceScope resources(m_hdllInstance, languageResources());
+    // The engine goes before the library that it calls.
+    m_htmlEngineSetup.stop();
     m_htmlEngine.release();
     AcRxArxApp::On_kUnloadAppMsg(pkt);
+    destroySplash();
     removeCommandGroup();
+    finishUsageReporting();
     NTxtRes::ReleaseTextDocument();
     releaseUpdateServices();
   }
@@ -124,5 +135,11 @@ void CArxHostApp::queueStartFile() {
 }
 
 void CArxHostApp::queueExpression(std::wstring expression) { ads_queueexpr(expression.data()); }
+
+void CArxHostApp::destroySplash() {
+  m_services.setSplash(nullptr);
+  if (m_splash) m_splash->StopTimedDisplay();
+  m_splash.reset();
+}
 
 }  // namespace kvt1

@@ -2,11 +2,14 @@
 // The module's application object: receives the host's messages, sets the
 // module up and down, defines the LISP functions per document and offers the
 // start command "KVT1".
+#include <memory>
 #include <string>
 
+#include "host/HtmlEngineSetup.h"
 #include "host/LispServices.h"
 #include "host/ModulePath.h"
 #include "host/arx/Arx.h"
+#include "htmlui/dialogs/CKVTSplash.h"
 #include "platform/DynamicLibrary.h"
 #include "settings/CHelpTopicMap.h"
 
@@ -38,13 +41,16 @@ class CArxHostApp : public AcRxArxApp {
   void removeCommandGroup();
   void queueStartFile();
   void queueExpression(std::wstring expression);
+  void destroySplash();
 
   ModuleLocation m_location;
   bool m_menuStarted = false;
   platform::DynamicLibrary m_htmlEngine;
+  HtmlEngineSetup m_htmlEngineSetup;
   platform::DynamicLibrary m_languageModule;
   CHelpTopicMap m_helpMap;
   CLispServices m_services;
+  std::unique_ptr<CKVTSplash> m_splash;
 };
 
 // The single application object of the module.

@@ -1,8 +1,12 @@
 #include "host/LispServices.h"
 
 #include "host/arx/Arx.h"
+#include "htmlui/dialogs/CKVTAbout.h"
+#include "htmlui/dialogs/CKVTSplash.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "online/ModuleUpdateCheck.h"
+#include "online/usage/dialog/ModuleUsageReporting.h"
+#include "platform/DialogWindow.h"
 #include "platform/Shell.h"
 #include "settings/CHelpTopicMap.h"
 #include "settings/HelpFiles.h"
@@ -13,6 +17,8 @@ namespace {
 
 constexpr int kSettingAutomaticUpdateCheck = 120;
 constexpr int kRunUpdateCheckNow = 2;
+constexpr int kSplashStop = 3;
+constexpr unsigned kSplashSleepMs = 100;
 
 // An integer from the text's leading digits, after blanks and a sign; 0 without digits.
 int leadingInteger(const std::wstring& text) {
@@ -74,9 +80,19 @@ void CLispServices::setFunctionHelp(const std::wstring& functionName, const std:
 
 void CLispServices::openSupportPage() { platform::shellOpen(kSupportPageAddress, platform::kShowMaximized); }
 
-void CLispServices::driveSplash(int) {}
-void CLispServices::showInfo() {}
-void CLispServices::countFeatureUse(const std::wstring&) {}
+void CLispServices::driveSplash(int code) {
+  if (splash_ == nullptr || !splash_->IsShown()) return;
+  if (code == kSplashStop) splash_->StopTimedDisplay();
+  platform::pumpPendingMessages();
+  sleep_(kSplashSleepMs);
+}
+
+void CLispServices::showInfo() {
+  CKVTAbout about(adsw_acadMainWnd());
+  about.DoModal();
+}
+
+void CLispServices::countFeatureUse(const std::wstring& key) { countUsageFeature(key); }
 bool CLispServices::readSetting(const std::wstring& key) {
   if (settingKeyNumber(key) != kSettingAutomaticUpdateCheck) return false;
   return Hv::Http::CHvAutomaticUpdateManager::Instance()->CheckOnStartUp();
@@ -86,7 +102,7 @@ void CLispServices::writeSetting(const std::wstring& key, const std::wstring& va
   if (settingKeyNumber(key) != kSettingAutomaticUpdateCheck) return;
   const int number = leadingInteger(value);
   if (number == kRunUpdateCheckNow) {
-    runModuleUpdateCheck(true, settings_);
+    runModuleUpdateCheck(true, settings_, adsw_acadMainWnd());
     return;
   }
   Hv::Http::CHvAutomaticUpdateManager* updates = Hv::Http::CHvAutomaticUpdateManager::Instance();

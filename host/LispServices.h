@@ -1,14 +1,16 @@
 #pragma once
 // The services behind the LISP functions, called once a call's arguments have
-// passed their checks. Help topics, function help, the support page and the
-// update check's setting (key "##120") are answered here; the splash and
-// information dialogs and usage counting answer with no visible effect until
-// their subsystems are part of the module.
+// passed their checks: help topics, function help, the splash, the about
+// box, usage counting, the support page and the update check's setting
+// (key "##120").
 #include <string>
+
+#include "platform/Sleep.h"
 
 namespace kvt1 {
 
 class CHelpTopicMap;
+class CKVTSplash;
 class CSettingsStore;
 
 // The maker's support page, opened by kvt1_support.
@@ -16,10 +18,20 @@ extern const wchar_t kSupportPageAddress[];
 
 class CLispServices {
  public:
-  CLispServices(CHelpTopicMap& helpMap, CSettingsStore& settings) : helpMap_(helpMap), settings_(settings) {}
+  using SleepFunction = void (*)(unsigned milliseconds);
+
+  CLispServices(CHelpTopicMap& helpMap, CSettingsStore& settings, SleepFunction sleep = platform::sleepMilliseconds)
+      : helpMap_(helpMap), settings_(settings), sleep_(sleep) {}
+
+  // The splash that kvt1_splash drives; null while there is none.
+  void setSplash(CKVTSplash* splash) { splash_ = splash; }
 
   void showHelp(const std::wstring& dialogName);
+  // Nothing unless the splash is shown. Code 3 stops its timed display; then
+  // the waiting messages are handled, so that it repaints or closes, and the
+  // call sleeps 100 ms.
   void driveSplash(int code);
+  // The about box, modal, owned by the host's main window.
   void showInfo();
   void setFunctionHelp(const std::wstring& functionName, const std::wstring& commandKey);
   void countFeatureUse(const std::wstring& key);
@@ -30,6 +42,8 @@ class CLispServices {
  private:
   CHelpTopicMap& helpMap_;
   CSettingsStore& settings_;
+  SleepFunction sleep_;
+  CKVTSplash* splash_ = nullptr;
 };
 
 }  // namespace kvt1

@@ -45,6 +45,8 @@ CHTMDialog::CHTMDialog(unsigned short resourceId, HWND parent) : m_parent(parent
 }
 
 CHTMDialog::~CHTMDialog() {
+  // Controls that are members of a subclass are gone by now; each unbound itself.
+  m_controls.clear();
   if (platform::isWindow(m_hwnd)) platform::destroyWindow(m_hwnd);
   ReleasePage();
   std::lock_guard<std::mutex> lock(g_liveMutex);
@@ -159,23 +161,25 @@ void CHTMDialog::InitWindow() {
 }
 
 void CHTMDialog::PlaceWindow() {
-  html::HtmlEngine& engine = *GetHtmlEngine();
-  int width = static_cast<int>(engine.GetMinWidth(m_hwnd));
-  int height = static_cast<int>(engine.GetMinHeight(m_hwnd, static_cast<UINT>(width)));
+  bool hasWidth = false;
+  bool hasHeight = false;
   bool hasX = false;
   bool hasY = false;
+  int width = 0;
+  int height = 0;
   int x = 0;
   int y = 0;
   const CHTMElement layout = ElementById(L"FPDialogLayout");
   if (layout.IsValid()) {
-    bool present = false;
-    const int layoutWidth = attributeNumber(layout, "width", present);
-    if (present) width = layoutWidth;
-    const int layoutHeight = attributeNumber(layout, "height", present);
-    if (present) height = layoutHeight;
+    width = attributeNumber(layout, "width", hasWidth);
+    height = attributeNumber(layout, "height", hasHeight);
     x = attributeNumber(layout, "x", hasX);
     y = attributeNumber(layout, "y", hasY);
   }
+  // The page's own size only when the layout element does not give one: each query lays the page out.
+  html::HtmlEngine& engine = *GetHtmlEngine();
+  if (!hasWidth) width = static_cast<int>(engine.GetMinWidth(m_hwnd));
+  if (!hasHeight) height = static_cast<int>(engine.GetMinHeight(m_hwnd, static_cast<UINT>(width)));
   width = std::clamp(width, m_minTrackWidth, m_maxTrackWidth);
   height = std::clamp(height, m_minTrackHeight, m_maxTrackHeight);
 
@@ -237,10 +241,10 @@ std::intptr_t CHTMDialog::onMessage(HWND window, unsigned message, std::uintptr_
       Close();
       return 0;
     case WM_NCDESTROY:
+      // The page's elements are let go before the engine drops the page itself.
       ReleasePage();
       m_hwnd = nullptr;
-      handled = false;
-      return 0;
+      break;
     default:
       break;
   }

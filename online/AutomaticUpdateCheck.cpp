@@ -8,12 +8,11 @@
 
 namespace Hv::Http {
 
-bool RunAutomaticUpdateCheck(ICheckForUpdateView& view, const UpdateCheckRequest& request, kvt1::Clock clock) {
+bool RunAutomaticUpdateCheck(CHvCheckForUpdatePresenter& presenter, const UpdateCheckRequest& request) {
   CHvUpdateCheckGuard& guard = CHvUpdateCheckGuard::Instance();
   if (guard.MustSkip()) return false;
   const CHvUpdateCheckGuard::Running running(guard);
 
-  CHvCheckForUpdatePresenter presenter(view, CHvAutomaticUpdateManager::Instance(), std::move(clock));
   bool shown = presenter.Run(kvt1::kProductNumber, request.version, request.language, request.mapFlag,
                              request.manual);
   if (!shown && request.secondProduct != 0) {
@@ -21,6 +20,11 @@ bool RunAutomaticUpdateCheck(ICheckForUpdateView& view, const UpdateCheckRequest
   }
   if (request.manual && !shown) kvt1::showNoUpdatesMessage();
   return shown;
+}
+
+bool RunAutomaticUpdateCheck(ICheckForUpdateView& view, const UpdateCheckRequest& request, kvt1::Clock clock) {
+  CHvCheckForUpdatePresenter presenter(view, CHvAutomaticUpdateManager::Instance(), std::move(clock));
+  return RunAutomaticUpdateCheck(presenter, request);
 }
 
 }  // namespace Hv::Http

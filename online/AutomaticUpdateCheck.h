@@ -18,8 +18,13 @@ struct UpdateCheckRequest {
   bool mapFlag = false;
 };
 
-// Runs the check against the process-wide manager, unless the guard says to
-// skip it. True when the view showed something.
+class CHvCheckForUpdatePresenter;
+
+// Runs the check with the presenter, unless the guard says to skip it. True
+// when the presenter's view showed something.
+bool RunAutomaticUpdateCheck(CHvCheckForUpdatePresenter& presenter, const UpdateCheckRequest& request);
+
+// The same with a presenter for view against the process-wide manager.
 bool RunAutomaticUpdateCheck(ICheckForUpdateView& view, const UpdateCheckRequest& request,
                              kvt1::Clock clock = kvt1::systemSeconds);
 

@@ -4,7 +4,8 @@
 #include "online/AutomaticUpdateCheck.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "online/CHvHttpClientManager.h"
-#include "online/CSilentCheckForUpdateView.h"
+#include "online/CCheckForUpdateView.h"
+#include "online/CHvCheckForUpdatePresenter.h"
 #include "settings/CSettingsStore.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
@@ -29,13 +30,15 @@ std::wstring updateLanguage(CSettingsStore& settings) {
   return usable ? language : L"ENG";
 }
 
-void runModuleUpdateCheck(bool manual, CSettingsStore& settings) {
+void runModuleUpdateCheck(bool manual, CSettingsStore& settings, HWND parent) {
   Hv::Http::UpdateCheckRequest request;
   request.manual = manual;
   request.version = moduleVersionNumber(VersionNumber::Product);
   request.language = updateLanguage(settings);
-  Hv::Http::CSilentCheckForUpdateView view;
-  Hv::Http::RunAutomaticUpdateCheck(view, request);
+  CCheckForUpdateView view(parent);
+  Hv::Http::CHvCheckForUpdatePresenter presenter(view, Hv::Http::CHvAutomaticUpdateManager::Instance());
+  view.SetPresenter(presenter);
+  Hv::Http::RunAutomaticUpdateCheck(presenter, request);
 }
 
 void releaseUpdateServices() { Hv::Http::CHvHttpClientManager::Release(); }

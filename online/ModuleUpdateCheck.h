@@ -3,6 +3,8 @@
 // update settings at start-up, and running a check for this module's product.
 #include <string>
 
+#include "platform/DialogWindow.h"
+
 namespace kvt1 {
 
 class CSettingsStore;
@@ -15,9 +17,10 @@ void loadUpdateServices(const std::wstring& moduleFolder);
 // it is three ASCII letters, else "ENG".
 std::wstring updateLanguage(CSettingsStore& settings);
 
-// A check for this module's product version; manual checks ignore the
-// start-up switches and end with a message when nothing was found.
-void runModuleUpdateCheck(bool manual, CSettingsStore& settings);
+// A check for this module's product version, its findings shown in the
+// update notification over parent; manual checks ignore the start-up
+// switches and end with a message when nothing was found.
+void runModuleUpdateCheck(bool manual, CSettingsStore& settings, HWND parent);
 
 // Frees the HTTP client library (at unload).
 void releaseUpdateServices();

@@ -2,7 +2,8 @@
 # Sets up what the Linux build needs, builds the module and the host emulator
 # (release), installs the product into build/demo (registry, program and data
 # folders, compiled help) and plays the demo session: the module loaded into
-# kvt1-host, its LISP functions called, its start command run. The module's
+# kvt1-host, its LISP functions called, its start command run, each dialog
+# that opens drawn into build/demo/dialogs. The module's
 # update checks go to the local update service, started here on 127.0.0.1 and
 # stopped at the end. Nothing is written outside build/demo.
 set -euo pipefail
@@ -11,7 +12,7 @@ root=$(pwd)
 
 bash scripts/setup.sh --native
 cmake --preset linux-release >/dev/null
-cmake --build --preset linux-release --target kvt1-host kvt1_module kvt1-update-service
+cmake --build --preset linux-release --target kvt1-host kvt1_module kvt1_language_enu kvt1-update-service
 
 demo=$root/build/demo
 rm -rf "$demo"
@@ -41,7 +42,7 @@ Windows Registry Editor Version 5.00
 REG
 
 export XDG_DATA_HOME=$demo/AppData
-build/linux-release/bin/kvt1-host --echo --registry "$demo/registry" \
+build/linux-release/bin/kvt1-host --echo --registry "$demo/registry" --render "$demo/dialogs" \
   --env 'ACAD=C:\Halvorn\KVT\Support;C:\Program Files\KVTools 2016\Support;C:\Users\Public\Fonts' \
   build/linux-release/bin/kvt2018.so demo/demo.lsp
 echo "update service requests:"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "htmlui/engine/DomEngineInput.h"
 #include "htmlui/engine/HtmlParser.h"
 #include "htmlui/engine/HtmlWriter.h"
 #include "htmlui/engine/InlineStyle.h"
@@ -13,6 +14,7 @@ namespace {
 
 constexpr UINT kTransientStates = STATE_FOCUS | STATE_HOVER | STATE_POPUP | STATE_OWNS_POPUP;
 constexpr UINT kWmSize = 0x0005;
+constexpr UINT kWmNcDestroy = 0x0082;
 
 bool isBlank(const std::wstring& text) {
   return std::all_of(text.begin(), text.end(), [](wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n'; });
@@ -204,9 +206,20 @@ VOID DomEngine::SetCallback(HWND hwnd, LPHTMLAYOUT_NOTIFY cb, LPVOID cbParam) {
 
 LRESULT DomEngine::ProcND(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam, BOOL* pbHandled) {
   if (pbHandled != nullptr) *pbHandled = FALSE;
-  if (msg == kWmSize && hwnd != nullptr)
+  if (hwnd == nullptr) return 0;
+  if (msg == kWmSize) {
     setViewSize(hwnd, static_cast<int>(lParam & 0xFFFF), static_cast<int>((lParam >> 16) & 0xFFFF));
-  return 0;
+    return 0;
+  }
+  // The window is gone: so is its page (elements still in use stay valid, detached).
+  if (msg == kWmNcDestroy) {
+    closeView(hwnd);
+    return 0;
+  }
+  bool handled = false;
+  const LRESULT result = answerInput(*this, hwnd, msg, wParam, lParam, handled);
+  if (pbHandled != nullptr) *pbHandled = handled ? TRUE : FALSE;
+  return result;
 }
 
 void DomEngine::closeView(HWND hwnd) {

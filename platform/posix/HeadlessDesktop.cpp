@@ -250,6 +250,13 @@ void HeadlessDesktop::advance(std::uint64_t milliseconds) {
   now_ = until;
 }
 
+std::optional<std::uint64_t> HeadlessDesktop::nextTimerDue() const {
+  std::optional<std::uint64_t> due;
+  for (const Timer& timer : timers_)
+    if (!due || timer.due < *due) due = timer.due;
+  return due;
+}
+
 bool HeadlessDesktop::click(HWND window, WindowPoint client) {
   const WindowRect rect = screenRect(window);
   if (find(window) == nullptr) return false;

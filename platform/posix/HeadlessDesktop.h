@@ -13,6 +13,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -96,6 +97,8 @@ class HeadlessDesktop {
   std::uint64_t now() const { return now_; }
   // Moves the clock on, posting WM_TIMER for the timers that fall due, in order.
   void advance(std::uint64_t milliseconds);
+  // The time at which the next timer falls due; nothing while no timer runs.
+  std::optional<std::uint64_t> nextTimerDue() const;
 
   WindowPoint cursor() const { return cursor_; }
   void setCursor(WindowPoint screen) { cursor_ = screen; }

@@ -61,6 +61,23 @@ TEST_F(CHTMDialogTest, OtherButtonsGoToTheSubclassAndTheDialogStaysOpen) {
   EXPECT_EQ(dialog.mainClicks, 1);
 }
 
+TEST_F(CHTMDialogTest, TheEngineLetsThePageGoWithItsWindow) {
+  HWND window = nullptr;
+  CHTMElement kept;
+  ScriptedDialog dialog(L"HTM_DLG_TEST", {[&](ScriptedDialog& d) {
+                                           window = d.GetHwnd();
+                                           kept = d.ElementById(L"greeting");
+                                         },
+                                         [&](ScriptedDialog& d) { click(d, L"btnOk"); }});
+  EXPECT_EQ(dialog.DoModal(), 1);
+  HELEMENT root = nullptr;
+  EXPECT_EQ(engine_.GetRootElement(window, &root), HLDOM_INVALID_HWND);
+  // An element still held stays usable, outside any page.
+  EXPECT_TRUE(kept.IsValid());
+  EXPECT_EQ(kept.GetText(), L"Hello from KVT");
+  EXPECT_EQ(kept.Window(), nullptr);
+}
+
 TEST_F(CHTMDialogTest, AMonitorThatSaysNoConsumesTheClick) {
   bool openAfterOk = false;
   ScriptedDialog dialog(L"HTM_DLG_TEST", {[&](ScriptedDialog& d) {

@@ -1,14 +1,8 @@
-#include "tools/kvt1-host/Session.h"
-
 #include <gtest/gtest.h>
 
-#include <memory>
-
-#include "host/ModulePath.h"
-#include "platform/ThisModule.h"
 #include "settings/CSettingsStore.h"
 #include "settings/SettingNumbers.h"
-#include "tests/common/TestInstallation.h"
+#include "tests/tools/EmulatorSession.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
 
 namespace kvt1::emu {
@@ -22,30 +16,8 @@ std::wstring slashed(std::wstring path) {
   return path;
 }
 
-// The module file built beside this test program, as the host would load it.
-std::wstring modulePath() { return splitModulePath(platform::thisModulePath()).folder + KVT1_TEST_MODULE_NAME; }
-
-class EmulatorSession : public ::testing::Test {
- protected:
-  void start(const std::wstring& supportPath = L"") {
-    session = std::make_unique<Session>([this](const std::wstring& text) { output += text; });
-    if (!supportPath.empty()) session->setEnvironment(L"ACAD", supportPath);
-    ASSERT_TRUE(session->load(modulePath())) << std::string(output.begin(), output.end());
-  }
-
-  std::wstring run(const std::wstring& script) {
-    output.clear();
-    session->runScript(script);
-    return output;
-  }
-
-  // The module folder as the queued LISP strings spell it.
-  static std::wstring lispFolder() { return doubleBackslashes(splitModulePath(modulePath()).folder); }
-
-  testing::TestInstallation installation;
-  std::wstring output;
-  std::unique_ptr<Session> session;
-};
+// The module folder as the queued LISP strings spell it.
+std::wstring lispFolder() { return doubleBackslashes(splitModulePath(modulePath()).folder); }
 
 TEST_F(EmulatorSession, AnswersCallsWithMessagesAndResults) {
   start();
@@ -76,7 +48,7 @@ TEST_F(EmulatorSession, DrawingsGetTheStartFileOnlyAfterTheStartCommand) {
 TEST_F(EmulatorSession, FunctionsBelongToEachOpenDrawing) {
   start();
   EXPECT_EQ(run(L"CLOSE\n(kvt1_info)\n"), L"; error: line 2: no function definition: kvt1_info\n");
-  EXPECT_EQ(run(L"NEW\n(KVT1_INFO)\n"), L"(0)\n");  // LISP names compare without case
+  EXPECT_EQ(run(L"NEW\n(KVT1_GETSETTINGS \"##121\")\n"), L"\"0\"\n");  // LISP names compare without case
 }
 
 TEST_F(EmulatorSession, RegistersItsCommandAndRemovesItAtUnload) {
@@ -99,13 +71,13 @@ TEST_F(EmulatorSession, CleansTheEarlierInstallationFromTheSupportPath) {
 
 TEST_F(EmulatorSession, ReportsFaultyLinesAndGoesOn) {
   start();
-  EXPECT_EQ(run(L"(nosuch 1)\n(kvt1_help \"x\"\n(kvt1_info))\nBOGUS\n(kvt1_info)\n"),
+  EXPECT_EQ(run(L"(nosuch 1)\n(kvt1_help \"x\"\n(kvt1_support))\nBOGUS\n(kvt1_GetSettings \"##121\")\n"),
             L"; error: line 1: no function definition: nosuch\n"
             L"; error: line 2: unbalanced parentheses: '(' is not closed\n"
-            L"(0)\n"
+            L"shell open: https://www.halvorn.aero/support/kvt (show 3)\n(0)\n"
             L"; error: line 3: unbalanced parentheses: ')' closes nothing\n"
             L"; error: line 4: unknown command: BOGUS\n"
-            L"(0)\n");
+            L"\"0\"\n");
   EXPECT_EQ(session->faults(), 4);
 }
 

@@ -1,5 +1,6 @@
-// The emulator has no desktop: it answers the module's message boxes, shell
-// requests and help windows itself, printing what a user would have seen.
+// The emulator answers the module's message boxes, shell requests and help
+// windows itself, printing what a user would have seen; on Linux its headless
+// desktop holds the module's dialog windows.
 #include <cstdint>
 #include <string>
 
@@ -7,7 +8,11 @@
 #include "platform/HtmlHelp.h"
 #include "platform/MessageBox.h"
 #include "platform/WideFormat.h"
+#include "tools/kvt1-host/DialogDirector.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
+#ifndef _WIN32
+#include "platform/posix/HeadlessDesktop.h"
+#endif
 
 #ifdef _WIN32
 #define KVT1_HOST_EXPORT extern "C" __declspec(dllexport)
@@ -20,6 +25,9 @@ using kvt1::platform::formatWide;
 
 KVT1_HOST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned type) {
   EmulatedHost::instance().print(formatWide(L"message box: [%s] %s\n", caption, text));
+  if (kvt1::emu::DialogDirector* director = kvt1::emu::DialogDirector::current()) {
+    if (const std::optional<int> answer = director->answerMessageBox(type)) return *answer;
+  }
   return kvt1::platform::defaultMessageBoxAnswer(type);
 }
 
@@ -37,3 +45,9 @@ KVT1_HOST_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned comman
   }
   return &window;
 }
+
+#ifndef _WIN32
+KVT1_HOST_EXPORT kvt1::platform::HeadlessDesktop* kvt1HeadlessDesktop() {
+  return &kvt1::platform::HeadlessDesktop::local();
+}
+#endif

@@ -49,6 +49,11 @@ std::optional<ScriptItem> LispReader::next() {
     item.error = L"unbalanced parentheses: ')' closes nothing";
     return item;
   }
+  if (peek() == L'@') {
+    item.directive = readDirective();
+    if (item.directive.empty()) item.error = L"\"@\" without a directive";
+    return item;
+  }
   error_.clear();
   if (!readDatum(item.form)) {
     item.line = errorLine_;
@@ -149,6 +154,14 @@ LispValue LispReader::readAtom() {
   const double real = std::wcstod(token.c_str(), &end);
   if (end && *end == L'\0' && end != token.c_str()) return LispValue::fromReal(real);
   return LispValue::symbol(token);
+}
+
+std::wstring LispReader::readDirective() {
+  const std::size_t start = ++pos_;
+  while (!atEnd() && peek() != L'\n') ++pos_;
+  std::wstring text = text_.substr(start, pos_ - start);
+  while (!text.empty() && std::iswspace(text.back())) text.pop_back();
+  return text;
 }
 
 }  // namespace kvt1::emu

@@ -1,7 +1,9 @@
 #pragma once
 // Reads the forms of an AutoLISP script one by one. A form may span lines; a
 // line that starts with "(" in its first column always starts a new form, so
-// one unbalanced form costs only its own lines. ";" starts a comment.
+// one unbalanced form costs only its own lines. ";" starts a comment. A line
+// whose first non-blank character is "@", outside a form, is a directive for
+// the dialogs: the rest of the line, as it stands.
 #include <optional>
 #include <string>
 
@@ -11,7 +13,8 @@ namespace kvt1::emu {
 
 struct ScriptItem {
   int line = 0;          // where the form (or the fault) starts
-  LispValue form;        // valid when error is empty
+  LispValue form;        // valid when error and directive are empty
+  std::wstring directive;  // a dialog directive without its "@" ("click OK")
   std::wstring error;    // what is wrong with the text at that line
 };
 
@@ -32,6 +35,7 @@ class LispReader {
   bool readList(LispValue& out, int openLine);
   bool readString(LispValue& out);
   LispValue readAtom();
+  std::wstring readDirective();
 
   std::wstring text_;
   std::size_t pos_ = 0;

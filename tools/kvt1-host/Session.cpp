@@ -20,7 +20,10 @@ std::wstring upper(std::wstring text) {
 
 }  // namespace
 
-Session::Session(std::function<void(const std::wstring&)> sink) : sink_(std::move(sink)) {
+Session::Session(std::function<void(const std::wstring&)> sink)
+    : sink_(std::move(sink)),
+      director_([this](const std::wstring& text) { print(text); },
+                [this](int line, const std::wstring& message) { fault(line, message); }) {
   host().reset();
   host().setOutput([this](const std::wstring& text) { print(text); });
 }
@@ -55,6 +58,7 @@ void Session::setEnvironment(const std::wstring& name, const std::wstring& value
 }
 
 bool Session::load(const std::wstring& modulePath) {
+  modulePath_ = modulePath;
   module_ = platform::DynamicLibrary::load(modulePath);
   if (!module_.isLoaded()) {
     fault(0, L"cannot load the module: " + module_.error());
@@ -116,6 +120,11 @@ bool Session::runCommand(const std::wstring& name, int line) {
     openDocument();
   } else if (key == L"CLOSE") {
     closeDocument();
+  } else if (key == L"RELOAD") {
+    // The host ends and starts again with the same module.
+    const std::wstring path = modulePath_;
+    unload();
+    if (!load(path)) return false;
   } else if (const Command* command = host().commandStack().find(name)) {
     command->function();
     printQueued();
@@ -133,17 +142,30 @@ void Session::runScript(const std::wstring& script) {
       fault(item->line, item->error);
       continue;
     }
+    if (!item->directive.empty()) {
+      if (echo_) print(L"Command: @" + item->directive + L"\n");
+      std::wstring error;
+      if (std::optional<DialogDirective> directive = parseDialogDirective(item->directive, item->line, error)) {
+        director_.add(std::move(*directive));
+      } else {
+        fault(item->line, error);
+      }
+      continue;
+    }
     if (echo_) print(L"Command: " + toLispText(item->form) + L"\n");
     if (item->form.kind == LispValue::Kind::Symbol) {
       runCommand(item->form.text, item->line);
-      continue;
+    } else {
+      LispValue result;
+      if (evaluate(item->form, item->line, result)) {
+        if (!atLineStart_) print(L"\n");
+        print(toLispText(result) + L"\n");
+        printQueued();
+      }
     }
-    LispValue result;
-    if (!evaluate(item->form, item->line, result)) continue;
-    if (!atLineStart_) print(L"\n");
-    print(toLispText(result) + L"\n");
-    printQueued();
+    director_.reportUnplayed();
   }
+  director_.reportUnplayed();
 }
 
 bool Session::evaluate(const LispValue& form, int line, LispValue& result) {

@@ -7,6 +7,7 @@
 
 #include "host/arx/ArxTypes.h"
 #include "platform/DynamicLibrary.h"
+#include "tools/kvt1-host/DialogDirector.h"
 #include "tools/kvt1-host/LispValue.h"
 
 namespace kvt1::emu {
@@ -28,10 +29,16 @@ class Session {
   // Closes the open drawings and unloads the module.
   void unload();
 
+  // Every dialog that opens from now on is drawn into a PNG file in folder.
+  void setRenderFolder(const std::wstring& folder) { director_.setRenderFolder(folder, 0); }
+
   // Evaluates each form of the script; faults are reported and skipped.
+  // Dialog directives wait for the dialogs of the next call or command;
+  // those that none took are reported after it.
   void runScript(const std::wstring& script);
 
-  // Host commands: a module's command, or NEW and CLOSE for drawings.
+  // Host commands: a module's command, NEW and CLOSE for drawings, or
+  // RELOAD: unload the module and load it again, as a new start of the host.
   bool runCommand(const std::wstring& name, int line);
   void openDocument();
   void closeDocument();
@@ -49,10 +56,12 @@ class Session {
 
   std::function<void(const std::wstring&)> sink_;
   bool atLineStart_ = true;
+  std::wstring modulePath_;
   platform::DynamicLibrary module_;
   EntryPoint entry_ = nullptr;
   int faults_ = 0;
   bool echo_ = false;
+  DialogDirector director_;
 };
 
 }  // namespace kvt1::emu

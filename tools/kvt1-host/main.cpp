@@ -22,11 +22,26 @@ const wchar_t kUsage[] =
     L"  (function args...)  calls a LISP function; its result is printed in\n"
     L"                      AutoLISP notation (nil, (0), \"1\")\n"
     L"  WORD                runs a command: the module's (KVT1), NEW opens\n"
-    L"                      another drawing, CLOSE closes the current one\n"
+    L"                      another drawing, CLOSE closes the current one,\n"
+    L"                      RELOAD unloads the module and loads it again\n"
     L"  ; text              a comment\n"
     L"Built-in functions: getenv, setenv, quote.\n"
     L"What the module prints comes as it is printed; every queued expression\n"
     L"is printed as \"queued: EXPRESSION\" in queue order.\n"
+    L"\n"
+    L"Dialog lines, written before the call that opens the dialog and played\n"
+    L"in order whenever one of its dialogs waits for the user:\n"
+    L"  @click ID           clicks the element with that id (e.g. @click btnOk)\n"
+    L"  @click-selector CSS clicks the first element that the CSS selector finds\n"
+    L"  @click-at X Y       clicks at a point of the dialog, in pixels\n"
+    L"  @wait MS            lets MS milliseconds pass, so that timers fire\n"
+    L"  @answer NAME        answers the next message box or message dialog with\n"
+    L"                      OK, CANCEL, YES or NO\n"
+    L"  @render DIR         draws every dialog that opens from now on into\n"
+    L"                      DIR/N-TITLE.png and prints \"rendered: PATH\"\n"
+    L"A dialog with nothing left to play is closed (\"closed unanswered\");\n"
+    L"dialog lines that no dialog took are reported after their call. Dialogs\n"
+    L"are played on Linux only; on Windows message boxes still take @answer.\n"
     L"\n"
     L"Options:\n"
     L"  --env NAME=VALUE    sets a host environment value, e.g. ACAD (the\n"
@@ -34,6 +49,8 @@ const wchar_t kUsage[] =
     L"  --registry DIR      keeps the registry in DIR (the Linux build's\n"
     L"                      file-backed registry; default ~/.config/kvt1/registry)\n"
     L"  --echo              prints each line as \"Command: LINE\" before it runs\n"
+    L"  --render DIR        draws every dialog from the module's load on, as\n"
+    L"                      @render DIR does\n"
     L"  --help              shows this text\n"
     L"\n"
     L"Exit status: 0 when every line ran, 1 when the module could not be\n"
@@ -72,6 +89,7 @@ int run(const std::vector<std::wstring>& args) {
   std::vector<std::wstring> positional;
   bool echo = false;
   std::wstring registryFolder;
+  std::wstring renderFolder;
   for (std::size_t i = 0; i < args.size(); ++i) {
     const std::wstring& arg = args[i];
     if (arg == L"--help" || arg == L"-h") {
@@ -86,6 +104,12 @@ int run(const std::vector<std::wstring>& args) {
         return 1;
       }
       registryFolder = args[++i];
+    } else if (arg == L"--render") {
+      if (i + 1 >= args.size()) {
+        printError(L"--render takes a folder");
+        return 1;
+      }
+      renderFolder = args[++i];
     } else if (arg == L"--env") {
       const std::size_t equals = i + 1 < args.size() ? args[i + 1].find(L'=') : std::wstring::npos;
       if (equals == std::wstring::npos || equals == 0) {
@@ -121,6 +145,7 @@ int run(const std::vector<std::wstring>& args) {
 
   kvt1::emu::Session session;
   session.setEcho(echo);
+  if (!renderFolder.empty()) session.setRenderFolder(renderFolder);
   for (const auto& [name, value] : environment) session.setEnvironment(name, value);
   // The host loads modules by full path; their folder is derived from it.
   std::error_code ignored;

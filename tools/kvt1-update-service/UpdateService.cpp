@@ -1,5 +1,6 @@
 #include "tools/kvt1-update-service/UpdateService.h"
 
+#include <cctype>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
@@ -35,6 +36,8 @@ constexpr std::intptr_t kNoSocket = -1;
 constexpr std::size_t kMaxRequestHead = 64 * 1024;
 constexpr std::size_t kOversizedBytes = 100u * 1024 * 1024;
 const char kServicePath[] = "/AutomaticUpdateServiceLibrary/CheckForUpdates";
+const char kUploadPath[] = "/UsageReportService/Upload";
+constexpr std::size_t kMaxRequestBody = 64u * 1024 * 1024;
 
 NativeSocket native(std::intptr_t socket) { return static_cast<NativeSocket>(socket); }
 
@@ -81,7 +84,65 @@ bool requestedProduct(const std::string& target, std::uint32_t& product) {
   return true;
 }
 
+// The value of a header in the request head (name matched without regard to case).
+std::string headerValue(const std::string& head, const std::string& name) {
+  std::size_t line = head.find("\r\n");
+  while (line != std::string::npos && line + 2 < head.size()) {
+    const std::size_t start = line + 2;
+    const std::size_t end = head.find("\r\n", start);
+    const std::string field = head.substr(start, end == std::string::npos ? std::string::npos : end - start);
+    const std::size_t colon = field.find(':');
+    if (colon == name.size()) {
+      bool same = true;
+      for (std::size_t i = 0; i < colon && same; ++i) same = std::tolower(field[i]) == std::tolower(name[i]);
+      if (same) {
+        const std::size_t value = field.find_first_not_of(' ', colon + 1);
+        return value == std::string::npos ? std::string() : field.substr(value);
+      }
+    }
+    line = end;
+  }
+  return std::string();
+}
+
+int base64Value(char c) {
+  if (c >= 'A' && c <= 'Z') return c - 'A';
+  if (c >= 'a' && c <= 'z') return c - 'a' + 26;
+  if (c >= '0' && c <= '9') return c - '0' + 52;
+  if (c == '+') return 62;
+  if (c == '/') return 63;
+  return -1;
+}
+
 }  // namespace
+
+bool decodeUploadFrame(const std::string& body, std::vector<std::uint8_t>& frame) {
+  const std::string key = "\"Frame\":\"";
+  const std::size_t start = body.find(key);
+  if (start == std::string::npos) return false;
+  const std::size_t begin = start + key.size();
+  const std::size_t end = body.find('"', begin);
+  if (end == std::string::npos || (end - begin) % 4 != 0) return false;
+  std::vector<std::uint8_t> bytes;
+  std::uint32_t group = 0;
+  int bits = 0;
+  for (std::size_t i = begin; i < end; ++i) {
+    if (body[i] == '=') {
+      if (end - i > 2) return false;
+      continue;
+    }
+    const int value = base64Value(body[i]);
+    if (value < 0) return false;
+    group = group << 6 | static_cast<std::uint32_t>(value);
+    bits += 6;
+    if (bits >= 8) {
+      bits -= 8;
+      bytes.push_back(static_cast<std::uint8_t>(group >> bits));
+    }
+  }
+  frame.swap(bytes);
+  return true;
+}
 
 bool parseServiceMode(const std::string& name, ServiceMode& mode) {
   static const std::map<std::string, ServiceMode> modes = {
@@ -178,6 +239,33 @@ std::vector<std::string> UpdateService::requests() const {
   return requests_;
 }
 
+std::vector<ReceivedUpload> UpdateService::uploads() const {
+  std::lock_guard<std::mutex> lock(mutex_);
+  return uploads_;
+}
+
+bool UpdateService::acceptUpload(const std::string& body, std::string& json) {
+  ReceivedUpload upload;
+  upload.body = body;
+  if (decodeUploadFrame(body, upload.frame) && upload.frame.size() >= 4) {
+    const std::uint32_t length = upload.frame[0] | upload.frame[1] << 8 | upload.frame[2] << 16 |
+                                 static_cast<std::uint32_t>(upload.frame[3]) << 24;
+    upload.wellFormed = length == upload.frame.size() - 4;
+  }
+  const std::string note = "upload: frame of " + std::to_string(upload.frame.size()) + " bytes, " +
+                           (upload.wellFormed ? "length prefix matches" : "malformed");
+  const bool accepted = upload.wellFormed;
+  std::function<void(const std::string&)> log;
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    uploads_.push_back(std::move(upload));
+    log = log_;
+  }
+  if (log) log(note);
+  json = "{\"Accepted\":true}";
+  return accepted;
+}
+
 void UpdateService::acceptLoop() {
   for (;;) {
     {
@@ -236,6 +324,28 @@ void UpdateService::serve(std::intptr_t connection) {
     head.append(buffer, static_cast<std::size_t>(received));
   }
 
+  // A request body: what came with the head, then the rest of its declared length.
+  std::string body;
+  const std::size_t headEnd = head.find("\r\n\r\n");
+  if (headEnd != std::string::npos) {
+    body = head.substr(headEnd + 4);
+    head.resize(headEnd + 4);
+    const std::size_t length = std::strtoul(headerValue(head, "Content-Length").c_str(), nullptr, 10);
+    if (length > body.size() && length <= kMaxRequestBody) {
+      if (headerValue(head, "Expect") == "100-continue") sendAll(connection, "HTTP/1.1 100 Continue\r\n\r\n");
+      while (body.size() < length) {
+        {
+          std::lock_guard<std::mutex> lock(mutex_);
+          if (stopping_) break;
+        }
+        if (!readable(connection)) continue;
+        const auto received = recv(native(connection), buffer, sizeof buffer, 0);
+        if (received <= 0) break;
+        body.append(buffer, static_cast<std::size_t>(received));
+      }
+    }
+  }
+
   const std::string line = head.substr(0, head.find("\r\n"));
   const std::size_t targetStart = line.find(' ');
   const std::size_t targetEnd = line.find(' ', targetStart + 1);
@@ -256,7 +366,8 @@ void UpdateService::serve(std::intptr_t connection) {
 
   if (!line.empty()) {
     std::string json;
-    const bool known = answerFor(target, json);
+    const bool known = line.rfind("POST ", 0) == 0 && target == kUploadPath ? acceptUpload(body, json)
+                                                                             : answerFor(target, json);
     switch (mode) {
       case ServiceMode::Slow:
         waitFor(delay);

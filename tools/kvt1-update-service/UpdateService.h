@@ -3,7 +3,9 @@
 // 127.0.0.1 at a port chosen free at start, answering
 // GET /AutomaticUpdateServiceLibrary/CheckForUpdates?product=N&... with the
 // JSON text kept for product N (set in code or read from <folder>/N.json),
-// and misbehaving on request in the ways a real network can.
+// receiving usage reports at POST /UsageReportService/Upload (a JSON body
+// whose "Frame" is the base64 of a 4-byte little-endian length and that many
+// bytes), and misbehaving on request in the ways a real network can.
 #include <condition_variable>
 #include <cstdint>
 #include <functional>
@@ -16,7 +18,7 @@
 namespace kvt1::service {
 
 enum class ServiceMode {
-  Answer,            // 200 with the product's answer, 404 without one
+  Answer,            // 200 with the product's answer (an upload: with a well-formed frame), 404 without
   Slow,              // the same after the delay
   NoContent,         // 204
   MovedPermanently,  // 301 to another path, with the answer as its body
@@ -29,6 +31,16 @@ enum class ServiceMode {
 
 // "answer", "slow", "204", "301", "500", "garbage", "oversized", "close", "hang".
 bool parseServiceMode(const std::string& name, ServiceMode& mode);
+
+// One usage report upload as it arrived.
+struct ReceivedUpload {
+  std::string body;                 // the request body
+  std::vector<std::uint8_t> frame;  // "Frame" decoded from base64
+  bool wellFormed = false;          // the frame's length prefix matches the bytes after it
+};
+
+// The frame in an upload body; false when there is no "Frame" string or it is not base64.
+bool decodeUploadFrame(const std::string& body, std::vector<std::uint8_t>& frame);
 
 class UpdateService {
  public:
@@ -54,6 +66,8 @@ class UpdateService {
 
   // Request lines ("GET /path?query HTTP/1.1") seen so far, in order.
   std::vector<std::string> requests() const;
+  // Usage report uploads received so far, in order (also those answered with an error).
+  std::vector<ReceivedUpload> uploads() const;
 
  private:
   using Socket = std::intptr_t;
@@ -61,6 +75,7 @@ class UpdateService {
   void acceptLoop();
   void serve(Socket connection);
   bool answerFor(const std::string& target, std::string& json) const;
+  bool acceptUpload(const std::string& body, std::string& json);
   void waitFor(int milliseconds);
 
   mutable std::mutex mutex_;
@@ -77,6 +92,7 @@ class UpdateService {
   std::string answersFolder_;
   std::function<void(const std::string&)> log_;
   std::vector<std::string> requests_;
+  std::vector<ReceivedUpload> uploads_;
 };
 
 }  // namespace kvt1::service

@@ -2,7 +2,8 @@
 //   kvt1-update-service --answers DIR [--mode MODE] [--delay-ms N] [--port-file FILE]
 // Answers product N from DIR/N.json; MODE is answer (the default), slow, 204,
 // 301, 500, garbage, oversized, close or hang. Prints the address it listens
-// on and every request line; runs until interrupted.
+// on, every request line and, for each usage report upload, the frame's size
+// and whether its length prefix matches; runs until interrupted.
 #include <pthread.h>
 #include <signal.h>
 

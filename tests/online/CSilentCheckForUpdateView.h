@@ -1,6 +1,6 @@
 #pragma once
-// The update check's view while the module has no notification dialog:
-// it accepts the result and shows nothing, and its settings never change.
+// A view that shows nothing, for measuring the check itself: it accepts the
+// result, and its settings never change.
 #include "online/ICheckForUpdateView.h"
 
 namespace Hv::Http {

@@ -1,0 +1,36 @@
+#include "htmlui/dialogs/CKVTAbout.h"
+
+#include "host/ModuleVersion.h"
+#include "host/ProductIdentity.h"
+#include "settings/CSettingsStore.h"
+#include "settings/SettingNumbers.h"
+
+namespace kvt1 {
+namespace {
+
+std::wstring installationFile(int folderSetting, const wchar_t* name) {
+  std::wstring folder;
+  theSettings().readString(folderSetting, folder);
+  return folder + L"\\" + name;
+}
+
+}  // namespace
+
+const wchar_t kReleaseNotesFile[] = L"ReleaseNotes.html";
+
+CKVTAbout::CKVTAbout(HWND parent) : CHTMDialogKVT(parent) {}
+
+std::wstring CKVTAbout::ProgramVersion() { return moduleVersionNumber(VersionNumber::File); }
+
+std::wstring CKVTAbout::LibraryVersion() {
+  for (const auto& [name, value] : versionAttributes()) {
+    if (name == L"KVTDataVer") return value;
+  }
+  return {};
+}
+
+std::wstring CKVTAbout::ProgramReleaseNotes() { return installationFile(kSettingProgramPath, kReleaseNotesFile); }
+
+std::wstring CKVTAbout::LibraryReleaseNotes() { return installationFile(kSettingDataPath, kReleaseNotesFile); }
+
+}  // namespace kvt1

@@ -1,0 +1,84 @@
+#include "online/usage/CHvUsageReport.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace Hv {
+namespace {
+
+template <typename Record, typename Key>
+Record& recordNamed(std::vector<Record>& records, std::wstring Record::*key, const Key& name) {
+  for (Record& record : records) {
+    if (record.*key == name) return record;
+  }
+  records.emplace_back();
+  records.back().*key = name;
+  return records.back();
+}
+
+template <typename Record>
+void mergeTimes(std::vector<Record>& into, const std::vector<Record>& from, std::wstring Record::*key) {
+  for (const Record& record : from) {
+    std::vector<std::uint32_t>& times = recordNamed(into, key, record.*key).times;
+    times.insert(times.end(), record.times.begin(), record.times.end());
+  }
+}
+
+void addValue(SHvUsageCustom& record, const std::wstring& value) {
+  if (!record.dupes && std::find(record.vals.begin(), record.vals.end(), value) != record.vals.end()) return;
+  record.vals.push_back(value);
+}
+
+std::int32_t saturatingSum(std::int32_t count, std::int32_t amount) {
+  const std::int64_t sum = static_cast<std::int64_t>(count) + amount;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(sum, 0, std::numeric_limits<std::int32_t>::max()));
+}
+
+}  // namespace
+
+void CHvUsageReport::Clear() {
+  m_logins.clear();
+  m_toolUses.clear();
+  m_custom.clear();
+  m_counters.clear();
+}
+
+void CHvUsageReport::AddLogin(const std::wstring& platform, std::uint32_t time) {
+  recordNamed(m_logins, &SHvUsageLogin::platform, platform).times.push_back(time);
+}
+
+void CHvUsageReport::AddToolUse(const std::wstring& tool, std::uint32_t time) {
+  recordNamed(m_toolUses, &SHvUsageToolUse::tool, tool).times.push_back(time);
+}
+
+void CHvUsageReport::AddCustomValue(const std::wstring& name, const std::wstring& value, bool dupes) {
+  const auto found = std::find_if(m_custom.begin(), m_custom.end(),
+                                  [&](const SHvUsageCustom& record) { return record.name == name; });
+  if (found != m_custom.end()) {
+    addValue(*found, value);
+    return;
+  }
+  m_custom.push_back({name, dupes, {value}});
+}
+
+void CHvUsageReport::AddCount(const std::wstring& name, std::int32_t amount) {
+  SHvUsageCounter& counter = recordNamed(m_counters, &SHvUsageCounter::name, name);
+  counter.count = saturatingSum(counter.count, amount);
+}
+
+void CHvUsageReport::Merge(const CHvUsageReport& other) {
+  mergeTimes(m_logins, other.m_logins, &SHvUsageLogin::platform);
+  mergeTimes(m_toolUses, other.m_toolUses, &SHvUsageToolUse::tool);
+  for (const SHvUsageCustom& record : other.m_custom) {
+    const auto found = std::find_if(m_custom.begin(), m_custom.end(),
+                                    [&](const SHvUsageCustom& mine) { return mine.name == record.name; });
+    if (found == m_custom.end()) {
+      m_custom.push_back(record);
+      continue;
+    }
+    for (const std::wstring& value : record.vals) addValue(*found, value);
+  }
+  for (const SHvUsageCounter& counter : other.m_counters) AddCount(counter.name, counter.count);
+}
+
+}  // namespace Hv

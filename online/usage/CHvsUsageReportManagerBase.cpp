@@ -1,0 +1,191 @@
+#include "online/usage/CHvsUsageReportManagerBase.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "online/usage/CHvWorkstationGUID.h"
+#include "online/usage/FeatureCodes.h"
+#include "platform/File.h"
+#include "platform/OsVersion.h"
+#include "platform/Registry.h"
+#include "platform/WideFormat.h"
+
+namespace {
+
+using kvt1::platform::RegistryAccess;
+using kvt1::platform::RegistryKey;
+using kvt1::platform::RegistryRoot;
+
+const wchar_t kConsentValue[] = L"HVCOLLECTUSAGE";
+constexpr std::uint32_t kConsentUnset = 0xFFFFFFFF;
+constexpr std::int64_t kDefaultIntervalDays = 14;
+constexpr std::int64_t kSecondsPerDay = 86400;
+// A first report is stored as if sent 13 days ago: with the default interval
+// the first hand-over falls due one day after first use.
+constexpr std::int64_t kFirstReportAge = 1123200;
+
+#if defined(_WIN64) || defined(__x86_64__) || defined(__aarch64__)
+const wchar_t kArchitecture[] = L"x64";
+#else
+const wchar_t kArchitecture[] = L"x86";
+#endif
+
+bool readDword(RegistryRoot root, const std::wstring& keyPath, const wchar_t* name, std::uint32_t& value) {
+  RegistryKey key;
+  if (RegistryKey::open(root, keyPath, RegistryAccess::Read, key) != kvt1::platform::kRegSuccess) return false;
+  std::uint32_t type = 0;
+  std::uint32_t data = 0;
+  std::uint32_t size = sizeof data;
+  if (key.queryValue(name, type, &data, size) != kvt1::platform::kRegSuccess) return false;
+  if (type != kvt1::platform::kRegDword || size != sizeof data) return false;
+  value = data;
+  return true;
+}
+
+void storeConsent(const std::wstring& keyPath, std::uint32_t value) {
+  RegistryKey key;
+  if (RegistryKey::create(RegistryRoot::CurrentUser, keyPath, RegistryAccess::Full, key) != kvt1::platform::kRegSuccess) {
+    return;  // not stored: the question comes again at the next start
+  }
+  key.setValue(kConsentValue, kvt1::platform::kRegDword, &value, sizeof value);
+}
+
+std::wstring folderOf(const std::wstring& path) {
+  const std::size_t separator = path.find_last_of(L"\\/");
+  return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
+}
+
+}  // namespace
+
+CHvsUsageReportManagerBase::CHvsUsageReportManagerBase() = default;
+
+CHvsUsageReportManagerBase::~CHvsUsageReportManagerBase() { WaitForSend(); }
+
+void CHvsUsageReportManagerBase::DecideConsent() {
+  m_collecting = false;
+  m_ask = false;
+  std::uint32_t value = kConsentUnset;
+  readDword(RegistryRoot::CurrentUser, GetProductKeyPath(), kConsentValue, value);
+  if (value == kConsentUnset) {
+    m_ask = true;
+    return;
+  }
+  m_collecting = value != 0;
+}
+
+bool CHvsUsageReportManagerBase::ApplyConsentResult(int result) {
+  m_ask = false;
+  m_collecting = result == kUsageConsentAgreed;
+  if (result == kUsageConsentAgreed) storeConsent(GetProductKeyPath(), 1);
+  if (result == kUsageConsentDeclined) storeConsent(GetProductKeyPath(), 0);
+  return m_collecting;
+}
+
+std::wstring CHvsUsageReportManagerBase::ReportFilePath() {
+  return kvt1::platform::formatWide(L"%s\\UsageReport_%d_%d.rpt", GetReportFolder().c_str(),
+                                    static_cast<int>(GetLicenseNum()), static_cast<int>(GetProduct()));
+}
+
+void CHvsUsageReportManagerBase::StartRun() {
+  if (!m_collecting) return;
+  if (!m_report) {
+    m_report = std::make_unique<Hv::CHvUsageReport>();
+    m_report->SetFilePath(ReportFilePath());
+    m_report->SetLicenseNum(GetLicenseNum());
+    m_report->SetProduct(GetProduct());
+    m_report->SetGuid(Hv::CHvWorkstationGUID(GetProductKeyPath()).Text());
+    m_report->SetEval(IsEval());
+  }
+  const std::uint32_t version = kvt1::platform::packedOsVersion();
+  m_report->AddLogin(kvt1::platform::formatWide(L"%s::%s::%d", GetPlatform().c_str(), kArchitecture,
+                                                static_cast<int>(version)),
+                     Now());
+  AddHostCustomValues(*m_report);
+  m_report->AddCustomValue(L"WinXP", kvt1::platform::osMajorVersion(version) == 5 ? L"Yes" : L"No", false);
+  StartSendingIfDue();
+}
+
+void CHvsUsageReportManagerBase::EndRun() {
+  WaitForSend();
+  if (!m_collecting || !m_report) return;
+  const std::unique_ptr<Hv::CHvUsageReport> run = std::move(m_report);
+  Hv::CHvUsageReport stored;
+  switch (m_store.Load(run->FilePath(), stored)) {
+    case kvt1::usage::ReportLoad::Loaded:
+      stored.Merge(*run);
+      SaveStored(stored);
+      return;
+    case kvt1::usage::ReportLoad::Unreadable:
+      // Never written over: kept aside, and this run starts a new report.
+      if (m_store.KeepAside(run->FilePath()).empty()) return;
+      [[fallthrough]];
+    case kvt1::usage::ReportLoad::Missing:
+      run->SetLastSend(static_cast<std::uint32_t>(std::max<std::int64_t>(0, m_clock() - kFirstReportAge)));
+      SaveStored(*run);
+      return;
+  }
+}
+
+void CHvsUsageReportManagerBase::IncrementCounter(const std::wstring& name, std::int32_t amount) {
+  if (m_report) m_report->AddCount(name, amount);
+}
+
+void CHvsUsageReportManagerBase::CountFeature(const std::wstring& key) {
+  if (m_report && !key.empty()) m_report->AddCount(Hv::FeatureCounterName(key), 1);
+}
+
+void CHvsUsageReportManagerBase::AddToolUse(const std::wstring& tool) {
+  if (m_report) m_report->AddToolUse(tool, Now());
+}
+
+void CHvsUsageReportManagerBase::AddCustomValue(const std::wstring& name, const std::wstring& value, bool dupes) {
+  if (m_report) m_report->AddCustomValue(name, value, dupes);
+}
+
+void CHvsUsageReportManagerBase::WaitForSend() {
+  if (m_sendThread.joinable()) m_sendThread.join();
+}
+
+bool CHvsUsageReportManagerBase::SaveCompressed() {
+  std::uint32_t uncompressed = 0;
+  return !(readDword(RegistryRoot::LocalMachine, GetProductKeyPath(), L"DataCollectionUncompressed", uncompressed) &&
+           uncompressed == 1);
+}
+
+std::int64_t CHvsUsageReportManagerBase::IntervalSeconds() {
+  std::int64_t days = kDefaultIntervalDays;
+  std::uint32_t configured = 0;
+  // The machine's value can only shorten the interval.
+  if (readDword(RegistryRoot::LocalMachine, GetProductKeyPath(), L"DataCollectionInterval", configured)) {
+    days = std::min<std::int64_t>(days, configured);
+  }
+  return days * kSecondsPerDay;
+}
+
+void CHvsUsageReportManagerBase::StartSendingIfDue() {
+  WaitForSend();
+  auto stored = std::make_shared<Hv::CHvUsageReport>();
+  if (m_store.Load(m_report->FilePath(), *stored) != kvt1::usage::ReportLoad::Loaded) return;
+  if (m_clock() - static_cast<std::int64_t>(stored->LastSend()) < IntervalSeconds()) return;
+
+  // The thread works on its own copies; of the manager it touches only the flag.
+  m_sending = true;
+  try {
+    m_sendThread = std::thread([stored, channel = GetReportChannel(), store = m_store, compressed = SaveCompressed(),
+                                clock = m_clock, &sending = m_sending] {
+      try {
+        kvt1::usage::sendReport(*stored, static_cast<std::uint32_t>(clock()), channel, store, compressed);
+      } catch (...) {
+        // A failed send leaves the file as it was; nothing leaves the thread.
+      }
+      sending = false;
+    });
+  } catch (const std::system_error&) {
+    m_sending = false;
+  }
+}
+
+bool CHvsUsageReportManagerBase::SaveStored(Hv::CHvUsageReport& report) {
+  kvt1::platform::createFolders(folderOf(report.FilePath()));
+  return m_store.Save(report.FilePath(), report, SaveCompressed());
+}

@@ -1,0 +1,99 @@
+#include "online/usage/UsageReportStore.h"
+
+#include <random>
+
+#include "online/JsonText.h"
+#include "online/usage/ZlibText.h"
+#include "platform/File.h"
+#include "platform/FileSystem.h"
+#include "platform/WideFormat.h"
+
+namespace kvt1::usage {
+namespace {
+
+bool writeAll(std::FILE* file, std::string_view bytes) {
+  return std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+}
+
+// The whole file, or false when it cannot be read or exceeds the limit.
+bool readFile(const std::wstring& path, std::string& bytes) {
+  std::FILE* file = platform::openFile(path, "rb");
+  if (!file) return false;
+  std::string content;
+  char chunk[64 * 1024];
+  bool ok = true;
+  for (std::size_t got; (got = std::fread(chunk, 1, sizeof chunk, file)) > 0;) {
+    if (content.size() + got > kMaxReportBytes) {
+      ok = false;
+      break;
+    }
+    content.append(chunk, got);
+  }
+  ok = ok && !std::ferror(file);
+  std::fclose(file);
+  if (ok) bytes.swap(content);
+  return ok;
+}
+
+// A name beside path that no other save uses at the same time.
+std::wstring temporaryPath(const std::wstring& path) {
+  std::random_device random;
+  return path + platform::formatWide(L".%08x.tmp", static_cast<unsigned>(random()));
+}
+
+}  // namespace
+
+std::string reportFileText(const Hv::CHvUsageReport& report) {
+  Json::Value root(Json::objectValue);
+  report.WriteJson(root["UsageReport"]);
+  return json::write(root);
+}
+
+bool readReportFileText(std::string_view text, Hv::CHvUsageReport& report) {
+  Json::Value root;
+  if (!json::parse(std::string(text), root)) return false;
+  const Json::Value* object = json::member(root, "UsageReport");
+  return object && object->isObject() && report.ReadJson(*object);
+}
+
+UsageReportStore::UsageReportStore() : m_write(writeAll) {}
+
+UsageReportStore::UsageReportStore(WriteStep write) : m_write(std::move(write)) {}
+
+ReportLoad UsageReportStore::Load(const std::wstring& path, Hv::CHvUsageReport& report) const {
+  if (!platform::fileExists(path)) return ReportLoad::Missing;
+  std::string bytes;
+  if (!readFile(path, bytes)) return ReportLoad::Unreadable;
+  std::string text;
+  const bool read = inflateText(bytes, text, kMaxReportBytes) ? readReportFileText(text, report)
+                                                              : readReportFileText(bytes, report);
+  if (!read) return ReportLoad::Unreadable;
+  report.SetFilePath(path);
+  return ReportLoad::Loaded;
+}
+
+bool UsageReportStore::Save(const std::wstring& path, const Hv::CHvUsageReport& report, bool compressed) const {
+  const std::string text = reportFileText(report);
+  const std::string bytes = compressed ? deflateText(text) : text;
+  if (bytes.empty()) return false;
+
+  const std::wstring temporary = temporaryPath(path);
+  std::FILE* file = platform::openFile(temporary, "wb");
+  if (!file) return false;
+  const bool written = m_write(file, bytes) && platform::flushToDisk(file);
+  const bool closed = std::fclose(file) == 0;
+  if (written && closed && platform::replaceFile(temporary, path)) return true;
+  platform::removeFile(temporary);
+  return false;
+}
+
+std::wstring UsageReportStore::KeepAside(const std::wstring& path) const {
+  for (int attempt = 1; attempt < 100; ++attempt) {
+    const std::wstring aside = path + (attempt == 1 ? std::wstring(L".unreadable")
+                                                    : platform::formatWide(L".unreadable-%d", attempt));
+    if (platform::renameWithoutReplace(path, aside)) return aside;
+  }
+  return std::wstring();
+}
+
+}  // namespace kvt1::usage

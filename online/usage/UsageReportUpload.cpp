@@ -1,0 +1,24 @@
+#include "online/usage/UsageReportUpload.h"
+
+#include "online/CHvAutomaticUpdateManager.h"
+#include "online/CHvHttpClientManager.h"
+#include "online/usage/Base64.h"
+#include "platform/WideFormat.h"
+
+namespace kvt1::usage {
+
+std::wstring usageUploadUrl() {
+  const std::wstring& configured = Hv::Http::CHvAutomaticUpdateManager::Instance()->CheckUpdateUrl();
+  const std::wstring& host = configured.empty() ? Hv::Http::CHvHttpClientManager::Instance()->GetHost() : configured;
+  return L"http://" + host + L"/UsageReportService/Upload";
+}
+
+bool uploadReport(const std::wstring& url, std::uint32_t product, const std::vector<std::uint8_t>& buffer) {
+  const std::string frame = base64Encode(buffer);
+  const std::wstring body = platform::formatWide(L"{\"Product\":%u,\"Frame\":\"", product) +
+                            std::wstring(frame.begin(), frame.end()) + L"\"}";
+  std::wstring answer;
+  return Hv::Http::CHvHttpClientManager::Instance()->PostJson(url, body, answer);
+}
+
+}  // namespace kvt1::usage

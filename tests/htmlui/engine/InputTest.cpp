@@ -1,0 +1,205 @@
+// What the engine's window procedure does with a user's pointer and with the
+// automation messages: hit tests through the layout provider, clicks made of
+// a press and a release on one element, hover, element lookup and the clock.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "htmlui/engine/AutomationMessages.h"
+#include "htmlui/engine/HtmlayoutEventHandler.h"
+#include "tests/htmlui/engine/EngineTestSupport.h"
+
+namespace kvt1::html {
+namespace {
+
+using namespace test;
+
+constexpr UINT kMouseMove = 0x0200;
+constexpr UINT kButtonDown = 0x0201;
+constexpr UINT kButtonUp = 0x0202;
+
+LPARAM at(int x, int y) { return static_cast<LPARAM>((static_cast<unsigned>(y) << 16) | static_cast<unsigned>(x)); }
+
+// Boxes given by the test; the point's deepest box wins (later nodes lie deeper).
+class BoxLayout : public LayoutProvider {
+ public:
+  bool layout(const std::string&, int) override { return true; }
+  std::optional<LayoutBox> box(int node) const override {
+    const auto found = boxes.find(node);
+    return found != boxes.end() ? std::optional<LayoutBox>(found->second) : std::nullopt;
+  }
+  int hitTest(int x, int y) const override {
+    int hit = -1;
+    for (const auto& [node, b] : boxes)
+      if (x >= b.x && y >= b.y && x < b.x + b.width && y < b.y + b.height) hit = node;
+    return hit;
+  }
+  int minWidth() const override { return 0; }
+  int maxWidth() const override { return 0; }
+  int contentHeight() const override { return 0; }
+  bool renderPng(const std::string&) const override { return false; }
+
+  std::map<int, LayoutBox> boxes;
+};
+
+// The ids of the elements that took a click, as the bubbling phase reports
+// them, and of those whose timers ticked.
+class ClickLog : public htmlayout::event_handler {
+ public:
+  explicit ClickLog(DomEngine& engine) : event_handler(HANDLE_ALL), engine_(engine) {}
+  BOOL on_event(HELEMENT, HELEMENT target, BEHAVIOR_EVENTS type, UINT_PTR) override {
+    if (type == BUTTON_CLICK) clicks.push_back(attribute(engine_, target, "id"));
+    return FALSE;
+  }
+  BOOL on_timer(HELEMENT he, UINT_PTR) override {
+    ticks.push_back(attribute(engine_, he, "id"));
+    return TRUE;
+  }
+  std::vector<std::string> clicks;
+  std::vector<std::string> ticks;
+
+ private:
+  DomEngine& engine_;
+};
+
+class InputTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    auto layout = std::make_unique<BoxLayout>();
+    boxes_ = &layout->boxes;
+    engine.setLayoutProvider(std::move(layout));
+    ASSERT_TRUE(load(engine, window(),
+                     "<body #body><button #ok name=OK><span #label>OK</span></button>"
+                     "<button #off disabled>Off</button><button #gone style='display:none'>Gone</button>"
+                     "<p #text>text</p></body>"));
+    root = rootOf(engine, window());
+    place("body", {0, 0, 300, 200});
+    place("ok", {10, 10, 80, 24});
+    place("label", {20, 14, 40, 16});
+    place("off", {100, 10, 80, 24});
+    place("text", {10, 60, 200, 20});
+    engine.AttachEventHandlerEx(root, &htmlayout::event_handler::element_proc, &log, HANDLE_ALL);
+  }
+  void TearDown() override { engine.DetachEventHandler(root, &htmlayout::event_handler::element_proc, &log); }
+
+  HELEMENT byId(const std::string& id) { return selectFirst(engine, root, ("#" + id).c_str()); }
+  void place(const std::string& id, LayoutBox box) {
+    (*boxes_)[static_cast<int>(reinterpret_cast<std::uintptr_t>(byId(id)))] = box;
+  }
+  LRESULT send(UINT msg, WPARAM wParam, LPARAM lParam, BOOL* handled = nullptr) {
+    return engine.ProcND(window(), msg, wParam, lParam, handled);
+  }
+  void clickAt(int x, int y) {
+    send(kButtonDown, 1, at(x, y));
+    send(kButtonUp, 0, at(x, y));
+  }
+  UINT stateOf(const std::string& id) {
+    UINT state = 0;
+    engine.GetElementState(byId(id), &state);
+    return state;
+  }
+
+  DomEngine engine;
+  HELEMENT root = nullptr;
+  ClickLog log{engine};
+
+ private:
+  std::map<int, LayoutBox>* boxes_ = nullptr;
+};
+
+TEST_F(InputTest, AClickInsideAButtonReachesItOutsideNothingDoes) {
+  BOOL handled = FALSE;
+  send(kButtonDown, 1, at(15, 12), &handled);
+  EXPECT_TRUE(handled);
+  EXPECT_NE(stateOf("ok") & STATE_PRESSED, 0u);
+  send(kButtonUp, 0, at(15, 12));
+  EXPECT_EQ(stateOf("ok") & STATE_PRESSED, 0u);
+  // The button's content takes the button's click.
+  clickAt(25, 18);
+  EXPECT_EQ(log.clicks, (std::vector<std::string>{"ok", "ok"}));
+
+  clickAt(50, 65);    // a paragraph is not clickable
+  clickAt(250, 150);  // the body around it
+  clickAt(500, 500);  // outside the page
+  EXPECT_EQ(log.clicks.size(), 2u);
+}
+
+TEST_F(InputTest, AClickIsAPressAndAReleaseOnOneElement) {
+  send(kButtonDown, 1, at(15, 12));
+  send(kButtonUp, 0, at(50, 65));
+  EXPECT_EQ(stateOf("ok") & STATE_PRESSED, 0u);  // released where it was pressed
+  send(kButtonUp, 0, at(15, 12));                // a release without a press
+  EXPECT_TRUE(log.clicks.empty());
+}
+
+TEST_F(InputTest, ADisabledButtonTakesNoClick) {
+  clickAt(110, 20);
+  EXPECT_TRUE(log.clicks.empty());
+  engine.SetElementState(byId("off"), 0, STATE_DISABLED, FALSE);
+  clickAt(110, 20);
+  EXPECT_EQ(log.clicks, std::vector<std::string>{"off"});
+}
+
+TEST_F(InputTest, ThePointerHoversWhatItIsOver) {
+  send(kMouseMove, 0, at(15, 12));
+  EXPECT_NE(stateOf("ok") & STATE_HOVER, 0u);
+  EXPECT_NE(stateOf("body") & STATE_HOVER, 0u);  // and what holds it
+  send(kMouseMove, 0, at(50, 65));
+  EXPECT_EQ(stateOf("ok") & STATE_HOVER, 0u);
+  EXPECT_NE(stateOf("text") & STATE_HOVER, 0u);
+  send(kMouseMove, 0, at(900, 900));
+  EXPECT_EQ(stateOf("body") & STATE_HOVER, 0u);
+}
+
+TEST_F(InputTest, AutomationLocatesElementsBySelector) {
+  AutomationQuery query;
+  query.selector = L"[name='OK']";
+  BOOL handled = FALSE;
+  ASSERT_EQ(send(kWmAutomationLocate, 0, reinterpret_cast<LPARAM>(&query), &handled), 1);
+  EXPECT_TRUE(handled);
+  EXPECT_EQ(query.rect.left, 10);
+  EXPECT_EQ(query.rect.top, 10);
+  EXPECT_EQ(query.rect.right, 90);
+  EXPECT_EQ(query.rect.bottom, 34);
+  EXPECT_TRUE(query.visible);
+
+  AutomationQuery hidden;
+  hidden.selector = L"#gone";
+  ASSERT_EQ(send(kWmAutomationLocate, 0, reinterpret_cast<LPARAM>(&hidden)), 1);
+  EXPECT_FALSE(hidden.visible);
+
+  AutomationQuery missing;
+  missing.selector = L"#nothing";
+  EXPECT_EQ(send(kWmAutomationLocate, 0, reinterpret_cast<LPARAM>(&missing)), 0);
+  missing.selector = L"[[bad";
+  EXPECT_EQ(send(kWmAutomationLocate, 0, reinterpret_cast<LPARAM>(&missing)), 0);
+  EXPECT_EQ(send(kWmAutomationLocate, 0, 0), 0);
+  EXPECT_EQ(engine.ProcND(window(2), kWmAutomationLocate, 0, reinterpret_cast<LPARAM>(&query), nullptr), 0);
+}
+
+TEST_F(InputTest, AutomationMovesTheClockAndRendersThroughTheProvider) {
+  // Timers go to the handlers of their own element.
+  ClickLog text(engine);
+  engine.AttachEventHandlerEx(byId("text"), &htmlayout::event_handler::element_proc, &text, HANDLE_TIMER);
+  engine.SetTimerEx(byId("text"), 100, 3);
+  EXPECT_EQ(send(kWmAutomationAdvance, 99, 0), 1);
+  EXPECT_TRUE(text.ticks.empty());
+  send(kWmAutomationAdvance, 1, 0);
+  EXPECT_EQ(text.ticks, std::vector<std::string>{"text"});
+  engine.DetachEventHandler(byId("text"), &htmlayout::event_handler::element_proc, &text);
+  // This provider draws nothing.
+  EXPECT_EQ(send(kWmAutomationRender, 0, reinterpret_cast<LPARAM>(L"unused.png")), 0);
+  EXPECT_EQ(send(kWmAutomationRender, 0, 0), 0);
+}
+
+TEST_F(InputTest, OtherMessagesAreLeftToTheWindow) {
+  BOOL handled = TRUE;
+  EXPECT_EQ(send(0x000F, 0, 0, &handled), 0);  // WM_PAINT
+  EXPECT_FALSE(handled);
+}
+
+}  // namespace
+}  // namespace kvt1::html

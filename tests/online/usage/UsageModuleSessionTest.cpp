@@ -1,0 +1,95 @@
+// The module in the emulated host: counts from the LISP application reach
+// the report file at unload, and the next start sends a due report.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "host/ModulePath.h"
+#include "online/usage/ZlibText.h"
+#include "platform/ThisModule.h"
+#include "settings/ProductKey.h"
+#include "tests/online/OnlineTestSupport.h"
+#include "tests/online/usage/UsageTestSupport.h"
+#include "tools/kvt1-host/Session.h"
+#include "tools/kvt1-update-service/UpdateService.h"
+
+namespace kvt1::testing {
+namespace {
+
+class UsageModuleSession : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(service.start());
+    const std::string host = service.hostAndPort();
+    setRegistryString(installation, platform::RegistryRoot::LocalMachine, productKeyPath(), L"CheckUpdateUrl",
+                      std::wstring(host.begin(), host.end()));
+    // The user's data folder lies in the test's folder, never in a real profile.
+    setRegistryString(installation, platform::RegistryRoot::CurrentUser, productKeyPath(), L"DataPath",
+                      installation.folder() + L"\\UserData");
+  }
+  void TearDown() override { session.reset(); }
+
+  void start() {
+    session = std::make_unique<emu::Session>([this](const std::wstring& text) { output += text; });
+    const std::wstring module = splitModulePath(platform::thisModulePath()).folder + KVT1_TEST_MODULE_NAME;
+    ASSERT_TRUE(session->load(module)) << std::string(output.begin(), output.end());
+  }
+  std::wstring run(const std::wstring& script) {
+    output.clear();
+    session->runScript(script);
+    return output;
+  }
+  void stop() {
+    session->unload();
+    session.reset();
+  }
+  std::wstring reportPath() {
+    return installation.folder() + L"\\UserData\\UsageReports\\UsageReport_0_30.rpt";
+  }
+
+  TestInstallation installation;
+  service::UpdateService service;
+  std::wstring output;
+  std::unique_ptr<emu::Session> session;
+};
+
+TEST_F(UsageModuleSession, CountsReachTheReportAndADueReportIsSent) {
+  setConsent(installation, 1);
+  start();
+  EXPECT_EQ(run(L"(kvt1_reporting \"Building::Import\")\n(kvt1_reporting \"Building::Import\")\n"
+                L"(kvt1_reporting \"402\")\n(kvt1_reporting 5)\n"),
+            L"(0)\n(0)\n(0)\nFirst parameter should be string\n(0)\n");
+  stop();
+  Hv::CHvUsageReport stored = readStored(reportPath());
+  EXPECT_EQ(counterOf(stored, L"Count::Building::Import"), 2);
+  EXPECT_EQ(counterOf(stored, L"Count::Regulation::FAA"), 1);
+  EXPECT_TRUE(service.uploads().empty());
+
+  // Due at once with an interval of one day: the next start sends it.
+  setMachineDword(installation, L"DataCollectionInterval", 1);
+  start();
+  stop();
+  const auto uploads = service.uploads();
+  ASSERT_EQ(uploads.size(), 1u);
+  EXPECT_TRUE(uploads[0].wellFormed);
+  std::string text;
+  ASSERT_TRUE(usage::inflateText(std::string(uploads[0].frame.begin() + 4, uploads[0].frame.end()), text, 1 << 20));
+  EXPECT_NE(text.find("\"Count::Building::Import\""), std::string::npos) << text;
+  stored = readStored(reportPath());
+  EXPECT_EQ(counterOf(stored, L"Count::Building::Import"), -1);  // emptied by the send
+  EXPECT_EQ(stored.Logins().size(), 1u);
+}
+
+TEST_F(UsageModuleSession, WithoutAnAnswerNothingIsCollectedOrStored) {
+  start();  // the question is closed unanswered
+  EXPECT_EQ(run(L"(kvt1_reporting \"Building::Import\")\n"), L"(0)\n");
+  stop();
+  EXPECT_TRUE(folderEntries(installation.folder() + L"\\UserData\\UsageReports").empty());
+  std::uint32_t consent = 0;
+  EXPECT_FALSE(readUserDword(productKeyPath(), L"HVCOLLECTUSAGE", consent));
+  std::wstring guid;
+  EXPECT_FALSE(readUserString(productKeyPath(), L"HVID", guid));
+}
+
+}  // namespace
+}  // namespace kvt1::testing

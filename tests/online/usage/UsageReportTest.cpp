@@ -1,0 +1,186 @@
+// The report's JSON members, how bad members are read, merging and feature names.
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "online/JsonText.h"
+#include "online/usage/CHvUsageReport.h"
+#include "online/usage/FeatureCodes.h"
+#include "online/usage/UsageReportStore.h"
+
+namespace kvt1::testing {
+namespace {
+
+Hv::CHvUsageReport sampleReport() {
+  Hv::CHvUsageReport report;
+  report.SetLastSend(1400000000);
+  report.SetLicenseNum(4000000000u);
+  report.SetProduct(30);
+  report.SetGuid(L"{0F8FAD5B-D9CB-469F-A165-70867728950E}");
+  report.SetEval(true);
+  report.AddLogin(L"AutoCAD 2018::x86::170393861", 100);
+  report.AddLogin(L"AutoCAD 2018::x86::170393861", 200);
+  report.AddToolUse(L"Surfaces", 150);
+  report.AddToolUse(L"Gel\u00e4nde", 160);
+  report.AddCustomValue(L"WinXP", L"No", false);
+  report.AddCustomValue(L"Layers", L"A", true);
+  report.AddCustomValue(L"Layers", L"A", true);
+  report.AddCount(L"Count::Building::Import", 2);
+  return report;
+}
+
+Json::Value parsed(const std::string& text) {
+  Json::Value root;
+  EXPECT_TRUE(json::parse(text, root)) << text;
+  return root;
+}
+
+bool readText(const std::string& text, Hv::CHvUsageReport& report) {
+  return usage::readReportFileText(text, report);
+}
+
+TEST(UsageReportJson, WritesEveryMemberUnderItsName) {
+  Json::Value object;
+  sampleReport().WriteJson(object);
+  EXPECT_EQ(object["VER"].asInt(), 1);
+  EXPECT_EQ(object["LastSend"].asUInt(), 1400000000u);
+  EXPECT_EQ(object["LicenseNum"].asUInt(), 4000000000u);
+  EXPECT_EQ(object["Product"].asUInt(), 30u);
+  EXPECT_EQ(object["Guid"].asString(), "{0F8FAD5B-D9CB-469F-A165-70867728950E}");
+  EXPECT_TRUE(object["Eval"].asBool());
+  EXPECT_EQ(object["Logins"]["Num"].asInt(), 1);
+  EXPECT_EQ(object["Logins"]["0_Platform"].asString(), "AutoCAD 2018::x86::170393861");
+  EXPECT_EQ(object["Logins"]["0_Times"].size(), 2u);
+  EXPECT_EQ(object["Logins"]["0_Times"][1].asUInt(), 200u);
+  EXPECT_EQ(object["ToolUses"]["Num"].asInt(), 2);
+  EXPECT_EQ(object["ToolUses"]["1_Tool"].asString(), "Gel\xc3\xa4nde");
+  EXPECT_EQ(object["ToolUses"]["1_Times"][0].asUInt(), 160u);
+  EXPECT_EQ(object["Custom"]["Num"].asInt(), 2);
+  EXPECT_EQ(object["Custom"]["0_Name"].asString(), "WinXP");
+  EXPECT_FALSE(object["Custom"]["0_Dupes"].asBool());
+  EXPECT_TRUE(object["Custom"]["1_Dupes"].asBool());
+  EXPECT_EQ(object["Custom"]["1_Vals"].size(), 2u);  // kept twice: dupes allowed
+  EXPECT_EQ(object["Counters"]["0_Name"].asString(), "Count::Building::Import");
+  EXPECT_EQ(object["Counters"]["0_Ct"].asInt(), 2);
+  // Nothing beyond the listed members.
+  EXPECT_EQ(object.size(), 10u);
+  EXPECT_EQ(object["Logins"].size(), 3u);
+}
+
+TEST(UsageReportJson, ReadsBackWhatItWrote) {
+  const Hv::CHvUsageReport original = sampleReport();
+  Hv::CHvUsageReport read;
+  ASSERT_TRUE(readText(usage::reportFileText(original), read));
+  EXPECT_EQ(read.LastSend(), original.LastSend());
+  EXPECT_EQ(read.LicenseNum(), original.LicenseNum());
+  EXPECT_EQ(read.Guid(), original.Guid());
+  EXPECT_TRUE(read.Eval());
+  ASSERT_EQ(read.Logins().size(), 1u);
+  EXPECT_EQ(read.Logins()[0].times, (std::vector<std::uint32_t>{100, 200}));
+  ASSERT_EQ(read.ToolUses().size(), 2u);
+  EXPECT_EQ(read.ToolUses()[1].tool, L"Gel\u00e4nde");
+  ASSERT_EQ(read.Custom().size(), 2u);
+  EXPECT_EQ(read.Custom()[1].vals, (std::vector<std::wstring>{L"A", L"A"}));
+  EXPECT_EQ(read.Counters()[0].count, 2);
+}
+
+TEST(UsageReportJson, ANewerFormatIsRejectedWhole) {
+  Hv::CHvUsageReport report = sampleReport();
+  EXPECT_FALSE(readText(R"({"UsageReport":{"VER":2,"LastSend":5,"Counters":{"Num":0}}})", report));
+  EXPECT_FALSE(readText(R"({"UsageReport":{"VER":1e30}})", report));
+  EXPECT_EQ(report.LastSend(), 1400000000u);  // untouched
+  EXPECT_EQ(report.Logins().size(), 1u);
+  // A report without "VER", or not an object, or no report at all.
+  EXPECT_TRUE(readText(R"({"UsageReport":{"LastSend":5}})", report));
+  EXPECT_EQ(report.LastSend(), 5u);
+  EXPECT_TRUE(report.Logins().empty());
+  EXPECT_FALSE(readText(R"({"UsageReport":[1,2]})", report));
+  EXPECT_FALSE(readText(R"({"Other":{}})", report));
+  EXPECT_FALSE(readText(R"([])", report));
+}
+
+TEST(UsageReportJson, BadMembersReadAsEmptyOrZero) {
+  Hv::CHvUsageReport report;
+  ASSERT_TRUE(readText(R"({"UsageReport":{"VER":1,"LastSend":-5,"LicenseNum":99999999999,"Product":"30","Guid":7,
+      "Eval":1,
+      "Logins":{"Num":2147483647,"0_Platform":"P","0_Times":[1,-1,4294967295,4294967296,2.5,"3",null,2]},
+      "ToolUses":{"Num":-3,"0_Tool":"T","0_Times":[1]},
+      "Custom":{"Num":5,"0_Name":"C","0_Dupes":"yes","0_Vals":["a",1,"b"],"3_Name":"D"},
+      "Counters":{"Num":4,"0_Name":"N","0_Ct":-4,"1_Name":"M","1_Ct":99999999999,"2_Name":"K","2_Ct":12}}})",
+                       report));
+  EXPECT_EQ(report.LastSend(), 0u);
+  EXPECT_EQ(report.LicenseNum(), 0u);
+  EXPECT_EQ(report.Product(), 0u);
+  EXPECT_EQ(report.Guid(), L"");
+  EXPECT_FALSE(report.Eval());
+  // "Num" far beyond the records: only records that exist are read.
+  ASSERT_EQ(report.Logins().size(), 1u);
+  EXPECT_EQ(report.Logins()[0].times, (std::vector<std::uint32_t>{1, 4294967295u, 2}));
+  EXPECT_TRUE(report.ToolUses().empty());
+  ASSERT_EQ(report.Custom().size(), 2u);
+  EXPECT_FALSE(report.Custom()[0].dupes);
+  EXPECT_EQ(report.Custom()[0].vals, (std::vector<std::wstring>{L"a", L"b"}));
+  EXPECT_EQ(report.Custom()[1].name, L"D");
+  ASSERT_EQ(report.Counters().size(), 3u);
+  EXPECT_EQ(report.Counters()[0].count, 0);
+  EXPECT_EQ(report.Counters()[1].count, 0);
+  EXPECT_EQ(report.Counters()[2].count, 12);
+}
+
+TEST(UsageReportRecords, RecordsJoinByNameAndCustomValuesRespectDupes) {
+  Hv::CHvUsageReport report;
+  report.AddCustomValue(L"KVTVer", L"1.1.0", false);
+  report.AddCustomValue(L"KVTVer", L"1.1.0", true);  // the record keeps its first flag
+  report.AddCustomValue(L"KVTVer", L"1.2.0", false);
+  ASSERT_EQ(report.Custom().size(), 1u);
+  EXPECT_EQ(report.Custom()[0].vals, (std::vector<std::wstring>{L"1.1.0", L"1.2.0"}));
+
+  report.AddCount(L"C", std::numeric_limits<std::int32_t>::max() - 1);
+  report.AddCount(L"C", 5);
+  EXPECT_EQ(report.Counters()[0].count, std::numeric_limits<std::int32_t>::max());
+}
+
+TEST(UsageReportRecords, MergeAppendsTimesAddsCountsAndJoinsCustomValues) {
+  Hv::CHvUsageReport stored = sampleReport();
+  Hv::CHvUsageReport run;
+  run.SetLastSend(99);
+  run.AddLogin(L"AutoCAD 2018::x86::170393861", 300);
+  run.AddLogin(L"AutoCAD 2017::x86::1", 301);
+  run.AddToolUse(L"Surfaces", 310);
+  run.AddCustomValue(L"WinXP", L"No", false);
+  run.AddCustomValue(L"WinXP", L"Yes", false);
+  run.AddCustomValue(L"Layers", L"A", true);
+  run.AddCount(L"Count::Building::Import", 3);
+  run.AddCount(L"Count::Regulation::FAA", 1);
+
+  stored.Merge(run);
+  EXPECT_EQ(stored.LastSend(), 1400000000u);
+  ASSERT_EQ(stored.Logins().size(), 2u);
+  EXPECT_EQ(stored.Logins()[0].times, (std::vector<std::uint32_t>{100, 200, 300}));
+  EXPECT_EQ(stored.Logins()[1].platform, L"AutoCAD 2017::x86::1");
+  EXPECT_EQ(stored.ToolUses()[0].times, (std::vector<std::uint32_t>{150, 310}));
+  EXPECT_EQ(stored.Custom()[0].vals, (std::vector<std::wstring>{L"No", L"Yes"}));
+  EXPECT_EQ(stored.Custom()[1].vals.size(), 3u);
+  EXPECT_EQ(stored.Counters()[0].count, 5);
+  EXPECT_EQ(stored.Counters()[1].name, L"Count::Regulation::FAA");
+
+  stored.Clear();
+  EXPECT_TRUE(stored.Logins().empty() && stored.ToolUses().empty() && stored.Custom().empty() &&
+              stored.Counters().empty());
+  EXPECT_EQ(stored.Guid(), L"{0F8FAD5B-D9CB-469F-A165-70867728950E}");
+  EXPECT_EQ(stored.LastSend(), 1400000000u);
+}
+
+TEST(UsageFeatureCodes, CodesAndNamesGiveCounterNames) {
+  EXPECT_EQ(Hv::FeatureCounterName(L"203"), L"Count::Building::Import");
+  EXPECT_EQ(Hv::FeatureCounterName(L"404"), L"Count::Regulation::Canada");
+  EXPECT_EQ(Hv::FeatureCounterName(L"101"), L"Count::Settings::Imperial");
+  EXPECT_EQ(Hv::FeatureCounterName(L"Building::Import"), L"Count::Building::Import");
+  EXPECT_EQ(Hv::FeatureCounterName(L"999"), L"Count::999");
+  EXPECT_EQ(Hv::FeatureCounterName(L"0203"), L"Count::0203");
+  EXPECT_EQ(Hv::FeatureName(302), std::wstring(L"Heightfield::Filter"));
+  EXPECT_EQ(Hv::FeatureName(0), nullptr);
+}
+
+}  // namespace
+}  // namespace kvt1::testing

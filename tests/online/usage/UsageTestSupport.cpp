@@ -1,0 +1,84 @@
+#include "tests/online/usage/UsageTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+
+#include "platform/File.h"
+#include "platform/Registry.h"
+#include "platform/Unicode.h"
+#include "settings/ProductKey.h"
+#include "tests/online/OnlineTestSupport.h"
+
+namespace kvt1::testing {
+
+TestUsageManager::TestUsageManager(std::wstring reportFolder) : folder(std::move(reportFolder)) {
+  SetClock([this] { return now; });
+}
+
+std::wstring TestUsageManager::GetProductKeyPath() { return productKeyPath(); }
+
+kvt1::usage::ReportChannel TestUsageManager::GetReportChannel() {
+  return [this, accepts = channelAccepts](const std::vector<std::uint8_t>& buffer) {
+    sent.push_back(buffer);
+    return accepts;
+  };
+}
+
+Hv::CHvUsageReport readStored(const std::wstring& path) {
+  Hv::CHvUsageReport report;
+  EXPECT_EQ(kvt1::usage::UsageReportStore().Load(path, report), kvt1::usage::ReportLoad::Loaded)
+      << platform::toUtf8(path);
+  return report;
+}
+
+std::string fileBytes(const std::wstring& path) {
+  std::string bytes;
+  if (std::FILE* file = platform::openFile(path, "rb")) {
+    char chunk[4096];
+    for (std::size_t got; (got = std::fread(chunk, 1, sizeof chunk, file)) > 0;) bytes.append(chunk, got);
+    std::fclose(file);
+  }
+  return bytes;
+}
+
+void writeBytes(const std::wstring& path, const std::string& bytes) {
+  platform::createFolders(path.substr(0, path.find_last_of(L"\\/")));
+  std::FILE* file = platform::openFile(path, "wb");
+  ASSERT_NE(file, nullptr);
+  std::fwrite(bytes.data(), 1, bytes.size(), file);
+  std::fclose(file);
+}
+
+std::vector<std::string> folderEntries(const std::wstring& folder) {
+  std::wstring native = folder;
+#ifndef _WIN32
+  std::replace(native.begin(), native.end(), L'\\', L'/');
+#endif
+  std::vector<std::string> names;
+  std::error_code error;
+  for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(native), error)) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+void setConsent(const TestInstallation& installation, std::uint32_t value) {
+  setRegistryDword(installation, platform::RegistryRoot::CurrentUser, productKeyPath(), L"HVCOLLECTUSAGE", value);
+}
+
+void setMachineDword(const TestInstallation& installation, const std::wstring& name, std::uint32_t value) {
+  setRegistryDword(installation, platform::RegistryRoot::LocalMachine, productKeyPath(), name, value);
+}
+
+std::int32_t counterOf(const Hv::CHvUsageReport& report, const std::wstring& name) {
+  for (const Hv::SHvUsageCounter& counter : report.Counters()) {
+    if (counter.name == name) return counter.count;
+  }
+  return -1;
+}
+
+}  // namespace kvt1::testing

@@ -1,0 +1,93 @@
+// The about box and the splash in a session of the emulator with the real
+// module: kvt1_info answered by a click, the splash at start-up driven by the
+// host's idle message loop (played here on the emulator's desktop), and
+// kvt1_splash with and without a splash on screen.
+#include <gtest/gtest.h>
+
+#include "tests/tools/EmulatorSession.h"
+#ifndef _WIN32
+#include "platform/posix/HeadlessDesktop.h"
+#include "tests/htmlui/litehtml/PngPixels.h"
+#endif
+
+namespace kvt1::emu {
+namespace {
+
+bool contains(const std::wstring& text, const std::wstring& part) { return text.find(part) != std::wstring::npos; }
+
+TEST_F(EmulatorSession, InfoShowsTheAboutBoxUntilItsButtonIsClicked) {
+  start();
+  const std::wstring folder = installation.folder() + L"/pictures";
+  const std::wstring out = run(L"@render " + folder + L"\n@click OK\n(kvt1_info)\n");
+#ifdef _WIN32
+  // No htmlayout.dll: the about box cannot open, and the call still answers.
+  EXPECT_EQ(out.rfind(L"(0)\n", 0), 0u) << platform::toUtf8(out);
+#else
+  const std::wstring picture = folder + L"/1-About.png";
+  EXPECT_EQ(out.rfind(L"dialog [About]: opened\nrendered: " + picture + L"\ndialog [About]: click OK at (", 0), 0u)
+      << platform::toUtf8(out);
+  EXPECT_TRUE(contains(out, L")\n(0)\n")) << platform::toUtf8(out);
+  EXPECT_FALSE(contains(out, L"closed unanswered")) << platform::toUtf8(out);
+  EXPECT_EQ(session->faults(), 0);
+
+  const html::test::PngPixels pixels(platform::toUtf8(picture));
+  ASSERT_TRUE(pixels.valid());
+  EXPECT_EQ(pixels.width(), 420);  // the page's layout element
+  EXPECT_EQ(pixels.at(pixels.width() - 5, 5) & 0xFFFFFF, 0x0B2A4Au);  // the banner
+#endif
+}
+
+#ifndef _WIN32
+class SplashSession : public EmulatorSession {
+ protected:
+  platform::HeadlessDesktop& desktop = platform::HeadlessDesktop::local();
+
+  // The host idles at its command line: its message loop takes each tick.
+  void idle(unsigned milliseconds) {
+    for (unsigned t = 0; t < milliseconds; t += 100) {
+      desktop.advance(100);
+      desktop.pumpPendingMessages();
+    }
+  }
+};
+
+TEST_F(SplashSession, TheSplashOpensAtStartUpAndGoesByItselfWithoutHoldingTheSessionUp) {
+  session = std::make_unique<Session>([this](const std::wstring& text) { output += text; });
+  const std::wstring folder = installation.folder() + L"/pictures";
+  session->setRenderFolder(folder);
+  ASSERT_TRUE(session->load(modulePath())) << platform::toUtf8(output);
+  EXPECT_TRUE(contains(output, L"dialog [KVT]: opened\nrendered: " + folder + L"/1-KVT.png\n")) << platform::toUtf8(output);
+  ASSERT_EQ(desktop.windows().size(), 1u);
+  const html::test::PngPixels pixels(platform::toUtf8(folder + L"/1-KVT.png"));
+  EXPECT_EQ(pixels.width(), 560);
+
+  // The session goes on while it shows.
+  EXPECT_EQ(run(L"(kvt1_GetSettings \"##121\")\n"), L"\"0\"\n");
+  EXPECT_EQ(desktop.windows().size(), 1u);
+  idle(3900);
+  EXPECT_EQ(desktop.windows().size(), 1u);
+  idle(100);
+  EXPECT_TRUE(desktop.windows().empty());
+}
+
+TEST_F(SplashSession, SplashCallsSleepOnlyWhileTheSplashShows) {
+  start();
+  ASSERT_EQ(desktop.windows().size(), 1u);
+  std::uint64_t before = desktop.now();
+  EXPECT_EQ(run(L"(kvt1_splash 1)\n"), L"(0)\n");
+  EXPECT_EQ(desktop.now(), before + 100);  // the sleep, on the desktop's clock
+  EXPECT_EQ(desktop.windows().size(), 1u);
+
+  EXPECT_EQ(run(L"(kvt1_splash 3 \"x\")\n"), L"(0)\n");  // stops it
+  EXPECT_TRUE(desktop.windows().empty());
+
+  // With no splash there is nothing to do, and no sleep.
+  before = desktop.now();
+  EXPECT_EQ(run(L"(kvt1_splash 3 \"x\")\n(kvt1_splash 1)\n"), L"(0)\n(0)\n");
+  EXPECT_EQ(desktop.now(), before);
+  EXPECT_EQ(session->faults(), 0);
+}
+#endif
+
+}  // namespace
+}  // namespace kvt1::emu

@@ -1,0 +1,70 @@
+#pragma once
+// Plays the script's dialog directives as a user would. Directives wait in
+// order until a dialog of the module waits for its user (the desktop's idle
+// moment), then each is played on the newest dialog: clicks go to the
+// elements' places as real pointer input, waits move the desktop's clock.
+// When nothing is left to play, the desktop closes the dialog unanswered.
+// Message boxes take a waiting @answer. Every dialog that opens is drawn into
+// the render folder, once one is set. Without a headless desktop (Windows)
+// no dialog is played: what waits is reported as unplayed after the call.
+#include <deque>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "host/arx/ArxTypes.h"
+#include "tools/kvt1-host/DialogDirective.h"
+
+namespace kvt1::emu {
+
+class DialogDirector {
+ public:
+  using Print = std::function<void(const std::wstring&)>;
+  using Fault = std::function<void(int line, const std::wstring&)>;
+
+  // Takes over the desktop's idle and window-created handlers until destroyed.
+  DialogDirector(Print print, Fault fault);
+  ~DialogDirector();
+  DialogDirector(const DialogDirector&) = delete;
+  DialogDirector& operator=(const DialogDirector&) = delete;
+
+  // The director of the running session, for the message box export; null without one.
+  static DialogDirector* current();
+
+  // Directives wait for the next dialogs; @render takes effect at once.
+  void add(DialogDirective directive);
+  // Where dialogs are drawn from now on; line 0 for the command line.
+  void setRenderFolder(const std::wstring& folder, int line);
+
+  // The answer of a waiting @answer for a message box of that type, printed;
+  // nothing when no @answer waits first in line.
+  std::optional<int> answerMessageBox(unsigned type);
+  // After a call: directives that no dialog took are reported and dropped.
+  void reportUnplayed();
+
+ private:
+  // Played: done, and the dialog has input to handle; Playing: not done yet,
+  // the dialog has input; Passed: done (or failed) without input, go on.
+  enum class Outcome { Played, Playing, Passed };
+
+  void attach();
+  void detach();
+  void onIdle();
+  void onCreated(HWND window);
+  Outcome play(DialogDirective& directive, HWND dialog);
+  Outcome clickElement(const DialogDirective& directive, const std::wstring& selector, HWND dialog);
+  Outcome wait(DialogDirective& directive, HWND dialog);
+  std::wstring label(HWND dialog) const;
+
+  Print print_;
+  Fault fault_;
+  std::deque<DialogDirective> pending_;
+  std::wstring renderFolder_;
+  int renderLine_ = 0;
+  int rendered_ = 0;
+  bool waitAnnounced_ = false;  // the @wait first in line has been printed
+  std::set<HWND> unanswered_;
+};
+
+}  // namespace kvt1::emu
