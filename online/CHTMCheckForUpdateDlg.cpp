@@ -1,5 +1,7 @@
 #include "online/CHTMCheckForUpdateDlg.h"
 
+#include <initializer_list>
+
 #include "online/CHvCheckForUpdatePresenter.h"
 #include "platform/MessageBox.h"
 #include "text/MessageDescription.h"
@@ -14,9 +16,8 @@ constexpr int kAnswerYes = 6;
 
 CHTMCheckForUpdateDlg::CHTMCheckForUpdateDlg(Hv::Http::CHvCheckForUpdatePresenter& presenter, HWND parent)
     : CHTMDialog(kCheckForUpdatePage, parent), m_presenter(presenter) {
-  for (CHTMCtrl* control : {static_cast<CHTMCtrl*>(&m_chkAutoCheck), static_cast<CHTMCtrl*>(&m_btnDismiss),
-                            static_cast<CHTMCtrl*>(&m_btnClose), static_cast<CHTMCtrl*>(&m_btnViewUpdate),
-                            static_cast<CHTMCtrl*>(&m_btnViewUpgrade), static_cast<CHTMCtrl*>(&m_btnViewLibraryUpdate)})
+  for (CHTMCtrl* control : std::initializer_list<CHTMCtrl*>{&m_chkAutoCheck, &m_btnDismiss, &m_btnClose,
+                                                           &m_btnViewUpdate, &m_btnViewUpgrade, &m_btnViewLibraryUpdate})
     RegisterControl(*control);
 }
 
