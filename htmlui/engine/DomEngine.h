@@ -113,6 +113,13 @@ class DomEngine : public HtmlEngine {
   bool click(HELEMENT he);
   bool setFocus(HWND hwnd, HELEMENT he);  // he null: no element has the focus
   bool setHover(HWND hwnd, HELEMENT he);  // he null: the pointer left the page
+  // A key (KEY_DOWN, KEY_UP or KEY_CHAR) for the view's focused element, the
+  // root when none has the focus; true when a handler handled it.
+  bool key(HWND hwnd, UINT cmd, UINT code, UINT altState);
+  // A pointer event (MOUSE_DOWN, MOUSE_UP, ...) at he, pt in view
+  // coordinates; a MOUSE_DOWN that no handler handled gives the focus to the
+  // nearest element that takes it. True when a handler handled the event.
+  bool mouse(HWND hwnd, UINT cmd, HELEMENT he, POINT pt);
 
   // Delivers the posted events queued so far; returns how many.
   std::size_t pumpPosted();

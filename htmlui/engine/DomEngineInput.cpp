@@ -12,6 +12,9 @@ namespace {
 constexpr UINT kWmMouseMove = 0x0200;
 constexpr UINT kWmLButtonDown = 0x0201;
 constexpr UINT kWmLButtonUp = 0x0202;
+constexpr UINT kWmKeyDown = 0x0100;
+constexpr UINT kWmKeyUp = 0x0101;
+constexpr UINT kWmChar = 0x0102;
 
 // The elements that act on a click; a click elsewhere does nothing.
 const char* const kClickableTags[] = {"button", "input", "a", "li", "option", "select", "textarea"};
@@ -111,10 +114,24 @@ LRESULT answerInput(DomEngine& engine, HWND hwnd, UINT msg, WPARAM wParam, LPARA
       return 0;
     case kWmLButtonDown:
       releasePressed(engine, hwnd);
+      if (HELEMENT under = elementAt(engine, hwnd, lParam)) engine.mouse(hwnd, MOUSE_DOWN, under, pointOf(lParam));
       if (HELEMENT target = clickTargetAt(engine, hwnd, lParam)) engine.SetElementState(target, STATE_PRESSED, 0, TRUE);
       return 0;
     case kWmLButtonUp:
+      if (HELEMENT under = elementAt(engine, hwnd, lParam)) engine.mouse(hwnd, MOUSE_UP, under, pointOf(lParam));
       buttonUp(engine, hwnd, lParam);
+      return 0;
+    case kWmKeyDown:
+      engine.key(hwnd, KEY_DOWN, static_cast<UINT>(wParam), 0);
+      engine.pumpPosted();
+      return 0;
+    case kWmKeyUp:
+      engine.key(hwnd, KEY_UP, static_cast<UINT>(wParam), 0);
+      engine.pumpPosted();
+      return 0;
+    case kWmChar:
+      engine.key(hwnd, KEY_CHAR, static_cast<UINT>(wParam), 0);
+      engine.pumpPosted();
       return 0;
     case kWmAutomationLocate:
       return locate(engine, hwnd, reinterpret_cast<AutomationQuery*>(lParam));

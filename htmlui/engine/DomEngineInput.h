@@ -1,6 +1,6 @@
 #pragma once
 // The part of our DOM engine's window procedure that answers what a user's
-// pointer does (hover, press and release of the left button) and the
+// pointer does (hover, press and release of the left button), the keys and the
 // automation messages of AutomationMessages.h.
 #include "htmlui/engine/DomEngine.h"
 

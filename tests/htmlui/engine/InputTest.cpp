@@ -58,8 +58,23 @@ class ClickLog : public htmlayout::event_handler {
     ticks.push_back(attribute(engine_, he, "id"));
     return TRUE;
   }
+  // Keys and presses as the bubbling phase sees them: "target:cmd:code".
+  BOOL on_key(HELEMENT, HELEMENT target, UINT type, UINT code, UINT) override {
+    if ((type & SINKING) == 0) keys.push_back(attribute(engine_, target, "id") + ":" + std::to_string(type) + ":" +
+                                              std::to_string(code));
+    return FALSE;
+  }
+  BOOL on_mouse(HELEMENT, HELEMENT target, UINT type, POINT pos, UINT, UINT) override {
+    if ((type & SINKING) != 0 || (type != MOUSE_DOWN && type != MOUSE_UP)) return FALSE;
+    presses.push_back(attribute(engine_, target, "id") + ":" + std::to_string(type) + "@" + std::to_string(pos.x) +
+                      "," + std::to_string(pos.y));
+    return type == MOUSE_DOWN && attribute(engine_, target, "id") == "label" && keepFocus;
+  }
   std::vector<std::string> clicks;
   std::vector<std::string> ticks;
+  std::vector<std::string> keys;
+  std::vector<std::string> presses;
+  bool keepFocus = false;
 
  private:
   DomEngine& engine_;
@@ -141,6 +156,40 @@ TEST_F(InputTest, ADisabledButtonTakesNoClick) {
   engine.SetElementState(byId("off"), 0, STATE_DISABLED, FALSE);
   clickAt(110, 20);
   EXPECT_EQ(log.clicks, std::vector<std::string>{"off"});
+}
+
+TEST_F(InputTest, PressesReachTheElementUnderThePointerAndMoveTheFocus) {
+  clickAt(25, 18);
+  EXPECT_EQ(log.presses, (std::vector<std::string>{"label:4@5,4", "label:3@5,4"}));
+  EXPECT_NE(stateOf("ok") & STATE_FOCUS, 0u);  // the button that holds the label
+
+  // A press on something that takes no focus leaves it where it was.
+  clickAt(50, 65);
+  EXPECT_NE(stateOf("ok") & STATE_FOCUS, 0u);
+
+  // Nor does a press that a handler took, or one on a disabled element.
+  engine.setFocus(window(), nullptr);
+  log.keepFocus = true;
+  clickAt(25, 18);
+  EXPECT_EQ(stateOf("ok") & STATE_FOCUS, 0u);
+  clickAt(110, 20);
+  EXPECT_EQ(stateOf("off") & STATE_FOCUS, 0u);
+}
+
+TEST_F(InputTest, KeysGoToTheFocusedElementOrElseToTheRoot) {
+  constexpr UINT kKeyDown = 0x0100;
+  constexpr UINT kKeyUp = 0x0101;
+  constexpr UINT kChar = 0x0102;
+  BOOL handled = FALSE;
+  send(kKeyDown, 0x25, 0, &handled);
+  EXPECT_TRUE(handled);
+  engine.setFocus(window(), byId("ok"));
+  send(kChar, 'x', 0);
+  send(kKeyUp, 0x25, 0);
+  EXPECT_EQ(log.keys, (std::vector<std::string>{"(none):0:37", "ok:2:120", "ok:1:37"}));
+  // Nobody here handles keys; a window without a page takes none.
+  EXPECT_FALSE(engine.key(window(), KEY_DOWN, 0x0D, 0));
+  EXPECT_FALSE(engine.key(window(2), KEY_DOWN, 0x0D, 0));
 }
 
 TEST_F(InputTest, ThePointerHoversWhatItIsOver) {
