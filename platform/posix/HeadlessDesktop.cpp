@@ -11,6 +11,7 @@ constexpr std::uint32_t kWsChild = 0x40000000;
 constexpr std::uint32_t kWsExTopmost = 0x00000008;
 constexpr std::uint64_t kMinimumTimerPeriod = 10;
 constexpr std::uintptr_t kMkLButton = 0x0001;
+constexpr std::uintptr_t kMkRButton = 0x0002;
 
 std::intptr_t pointParam(WindowPoint point) {
   return static_cast<std::intptr_t>((static_cast<std::uint32_t>(point.y & 0xFFFF) << 16) |
@@ -257,14 +258,19 @@ std::optional<std::uint64_t> HeadlessDesktop::nextTimerDue() const {
   return due;
 }
 
-bool HeadlessDesktop::click(HWND window, WindowPoint client) {
+bool HeadlessDesktop::click(HWND window, WindowPoint client, bool rightButton) {
+  if (!hover(window, client)) return false;
+  const std::intptr_t at = pointParam(client);
+  post(window, rightButton ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, rightButton ? kMkRButton : kMkLButton, at);
+  post(window, rightButton ? WM_RBUTTONUP : WM_LBUTTONUP, 0, at);
+  return true;
+}
+
+bool HeadlessDesktop::hover(HWND window, WindowPoint client) {
   const WindowRect rect = screenRect(window);
   if (find(window) == nullptr) return false;
   cursor_ = WindowPoint{rect.left + client.x, rect.top + client.y};
-  const std::intptr_t at = pointParam(client);
-  post(window, WM_MOUSEMOVE, 0, at);
-  post(window, WM_LBUTTONDOWN, kMkLButton, at);
-  post(window, WM_LBUTTONUP, 0, at);
+  post(window, WM_MOUSEMOVE, 0, pointParam(client));
   return true;
 }
 

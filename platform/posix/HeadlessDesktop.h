@@ -103,8 +103,11 @@ class HeadlessDesktop {
   WindowPoint cursor() const { return cursor_; }
   void setCursor(WindowPoint screen) { cursor_ = screen; }
   // Moves the cursor to a point of the window's client area and clicks there
-  // with the left button: mouse move, button down and button up are posted.
-  bool click(HWND window, WindowPoint client);
+  // with the left (or right) button: mouse move, button down and button up
+  // are posted.
+  bool click(HWND window, WindowPoint client, bool rightButton = false);
+  // Moves the cursor to a point of the window's client area: a mouse move is posted.
+  bool hover(HWND window, WindowPoint client);
 
   HWND focus() const { return focus_; }
   // Sends WM_KILLFOCUS and WM_SETFOCUS; returns the window that had the focus.

@@ -52,6 +52,22 @@ TEST(DialogDirectiveTest, ReadsEachDirectiveWithItsArguments) {
   EXPECT_EQ(parsed(L"answer NO").answer, 7);
   EXPECT_EQ(parsed(L"answer Cancel").answer, 2);
 
+  EXPECT_EQ(parsed(L"right-click tabStrip").kind, DialogDirective::Kind::RightClick);
+  const DialogDirective hover = parsed(L"hover edtWidth");
+  EXPECT_EQ(hover.kind, DialogDirective::Kind::Hover);
+  EXPECT_EQ(hover.argument, L"edtWidth");
+
+  const DialogDirective key = parsed(L"key Home");
+  EXPECT_EQ(key.kind, DialogDirective::Kind::Key);
+  EXPECT_EQ(key.argument, L"HOME");
+  EXPECT_EQ(key.keyCode, 0x24u);
+  EXPECT_EQ(parsed(L"key RIGHT").keyCode, 0x27u);
+  EXPECT_EQ(parsed(L"key back").keyCode, 0x08u);
+
+  const DialogDirective typed = parsed(L"type 12.5 m");
+  EXPECT_EQ(typed.kind, DialogDirective::Kind::Type);
+  EXPECT_EQ(typed.argument, L"12.5 m");
+
   const DialogDirective render = parsed(L"render /tmp/my pictures");
   EXPECT_EQ(render.kind, DialogDirective::Kind::Render);
   EXPECT_EQ(render.argument, L"/tmp/my pictures");
@@ -69,6 +85,10 @@ TEST(DialogDirectiveTest, RejectsWhatItCannotPlay) {
   for (const wchar_t* wait : {L"wait", L"wait soon", L"wait -5", L"wait 86400001", L"wait 1.5"})
     EXPECT_EQ(rejected(wait).rfind(L"@wait takes milliseconds", 0), 0u);
   EXPECT_EQ(rejected(L"answer MAYBE"), L"@answer takes OK, CANCEL, YES or NO: MAYBE");
+  EXPECT_EQ(rejected(L"hover"), L"@hover takes one element id: ");
+  EXPECT_EQ(rejected(L"right-click a b"), L"@right-click takes one element id: a b");
+  EXPECT_EQ(rejected(L"key F1").rfind(L"@key takes LEFT, RIGHT", 0), 0u);
+  EXPECT_EQ(rejected(L"type"), L"@type takes the text to type");
 }
 
 TEST(DialogDirectiveTest, TheReaderGivesDirectiveLinesOutsideForms) {

@@ -30,6 +30,24 @@ std::optional<int> answerCode(const std::wstring& name) {
   return std::nullopt;
 }
 
+struct KeyName {
+  const wchar_t* name;
+  unsigned code;
+};
+
+// Virtual-key codes of the keys that dialogs answer.
+const KeyName kKeys[] = {{L"BACK", 0x08},  {L"TAB", 0x09},   {L"RETURN", 0x0D}, {L"ESCAPE", 0x1B},
+                         {L"END", 0x23},   {L"HOME", 0x24},  {L"LEFT", 0x25},   {L"UP", 0x26},
+                         {L"RIGHT", 0x27}, {L"DOWN", 0x28},  {L"DELETE", 0x2E}};
+
+std::optional<unsigned> keyCode(const std::wstring& name) {
+  for (const KeyName& key : kKeys)
+    if (name == key.name) return key.code;
+  return std::nullopt;
+}
+
+bool isElementId(const std::wstring& text) { return !text.empty() && text.find_first_of(L"'\\ \t") == std::wstring::npos; }
+
 }  // namespace
 
 std::optional<DialogDirective> parseDialogDirective(const std::wstring& text, int line, std::wstring& error) {
@@ -46,7 +64,7 @@ std::optional<DialogDirective> parseDialogDirective(const std::wstring& text, in
       error = L"@" + name + L" takes " + wanted;
       return std::nullopt;
     }
-    if (name == L"click" && rest.find_first_of(L"'\\ \t") != std::wstring::npos) {
+    if (name == L"click" && !isElementId(rest)) {
       error = L"@click takes one element id (use @click-selector for more): " + rest;
       return std::nullopt;
     }
@@ -67,6 +85,35 @@ std::optional<DialogDirective> parseDialogDirective(const std::wstring& text, in
     directive.kind = DialogDirective::Kind::ClickAt;
     directive.x = static_cast<int>(x);
     directive.y = static_cast<int>(y);
+    return directive;
+  }
+  if (name == L"right-click" || name == L"hover") {
+    if (!isElementId(rest)) {
+      error = L"@" + name + L" takes one element id: " + rest;
+      return std::nullopt;
+    }
+    directive.kind = name == L"hover" ? DialogDirective::Kind::Hover : DialogDirective::Kind::RightClick;
+    return directive;
+  }
+  if (name == L"key") {
+    std::wstring upper = rest;
+    for (wchar_t& c : upper) c = static_cast<wchar_t>(std::towupper(c));
+    const std::optional<unsigned> code = keyCode(upper);
+    if (!code) {
+      error = L"@key takes LEFT, RIGHT, UP, DOWN, HOME, END, RETURN, ESCAPE, TAB, BACK or DELETE: " + rest;
+      return std::nullopt;
+    }
+    directive.kind = DialogDirective::Kind::Key;
+    directive.argument = upper;
+    directive.keyCode = *code;
+    return directive;
+  }
+  if (name == L"type") {
+    if (rest.empty()) {
+      error = L"@type takes the text to type";
+      return std::nullopt;
+    }
+    directive.kind = DialogDirective::Kind::Type;
     return directive;
   }
   if (name == L"wait") {

@@ -1,8 +1,9 @@
 #pragma once
 // Plays the script's dialog directives as a user would. Directives wait in
 // order until a dialog of the module waits for its user (the desktop's idle
-// moment), then each is played on the newest dialog: clicks go to the
-// elements' places as real pointer input, waits move the desktop's clock.
+// moment), then each is played on the newest dialog: clicks and hovers go to
+// the elements' places as real pointer input, keys and typed characters as
+// key messages, waits move the desktop's clock.
 // When nothing is left to play, the desktop closes the dialog unanswered.
 // Message boxes take a waiting @answer. Every dialog that opens is drawn into
 // the render folder, once one is set. Without a headless desktop (Windows)
@@ -53,7 +54,8 @@ class DialogDirector {
   void onIdle();
   void onCreated(HWND window);
   Outcome play(DialogDirective& directive, HWND dialog);
-  Outcome clickElement(const DialogDirective& directive, const std::wstring& selector, HWND dialog);
+  // Clicks, right-clicks or hovers the middle of the element that the selector finds.
+  Outcome pointAtElement(const DialogDirective& directive, const std::wstring& selector, HWND dialog);
   Outcome wait(DialogDirective& directive, HWND dialog);
   std::wstring label(HWND dialog) const;
 

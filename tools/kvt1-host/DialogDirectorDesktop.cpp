@@ -99,14 +99,26 @@ void DialogDirector::onIdle() {
 DialogDirector::Outcome DialogDirector::play(DialogDirective& directive, HWND dialog) {
   switch (directive.kind) {
     case DialogDirective::Kind::Click:
-      return clickElement(directive, L"[id='" + directive.argument + L"']", dialog);
+      return pointAtElement(directive, L"[id='" + directive.argument + L"']", dialog);
     case DialogDirective::Kind::ClickSelector:
-      return clickElement(directive, directive.argument, dialog);
+      return pointAtElement(directive, directive.argument, dialog);
     case DialogDirective::Kind::Answer:
-      return clickElement(directive, L"[name='" + directive.argument + L"']", dialog);
+      return pointAtElement(directive, L"[name='" + directive.argument + L"']", dialog);
+    case DialogDirective::Kind::RightClick:
+    case DialogDirective::Kind::Hover:
+      return pointAtElement(directive, L"[id='" + directive.argument + L"']", dialog);
     case DialogDirective::Kind::ClickAt:
       print_(label(dialog) + L": click" + at(directive.x, directive.y) + L"\n");
       desktop().click(dialog, platform::WindowPoint{directive.x, directive.y});
+      return Outcome::Played;
+    case DialogDirective::Kind::Key:
+      print_(label(dialog) + L": " + directive.text + L"\n");
+      desktop().post(dialog, WM_KEYDOWN, directive.keyCode, 0);
+      desktop().post(dialog, WM_KEYUP, directive.keyCode, 0);
+      return Outcome::Played;
+    case DialogDirective::Kind::Type:
+      print_(label(dialog) + L": " + directive.text + L"\n");
+      for (const wchar_t c : directive.argument) desktop().post(dialog, WM_CHAR, static_cast<std::uintptr_t>(c), 0);
       return Outcome::Played;
     case DialogDirective::Kind::Wait:
       return wait(directive, dialog);
@@ -116,8 +128,8 @@ DialogDirector::Outcome DialogDirector::play(DialogDirective& directive, HWND di
   return Outcome::Passed;
 }
 
-DialogDirector::Outcome DialogDirector::clickElement(const DialogDirective& directive, const std::wstring& selector,
-                                                     HWND dialog) {
+DialogDirector::Outcome DialogDirector::pointAtElement(const DialogDirective& directive, const std::wstring& selector,
+                                                       HWND dialog) {
   html::AutomationQuery query;
   query.selector = selector.c_str();
   if (desktop().send(dialog, html::kWmAutomationLocate, 0, reinterpret_cast<std::intptr_t>(&query)) != 1) {
@@ -131,7 +143,11 @@ DialogDirector::Outcome DialogDirector::clickElement(const DialogDirective& dire
   const int x = (query.rect.left + query.rect.right) / 2;
   const int y = (query.rect.top + query.rect.bottom) / 2;
   print_(label(dialog) + L": " + directive.text + at(x, y) + L"\n");
-  desktop().click(dialog, platform::WindowPoint{x, y});
+  if (directive.kind == DialogDirective::Kind::Hover) {
+    desktop().hover(dialog, platform::WindowPoint{x, y});
+  } else {
+    desktop().click(dialog, platform::WindowPoint{x, y}, directive.kind == DialogDirective::Kind::RightClick);
+  }
   return Outcome::Played;
 }
 
