@@ -16,3 +16,29 @@
 
 ; The LISP application has loaded: the splash goes.
 (kvt1_splash 3 "x")
+
+; The controls of the dialogs in the emulator's own gallery, each drawn as the
+; user leaves it: the menu bar's "File" menu, the note's context menu, the
+; surface tabs scrolled by their buttons, a length beyond its limit brought
+; back to it, the limits beside the focused slope field, and the tooltip of
+; the length field.
+@click-selector #menuBar > menu > li
+@snapshot gallery-menu-bar
+@click-selector #menuBar > menu > li > menu > li
+@right-click divNote
+@snapshot gallery-context-menu
+@click-selector menu.context li
+@click-selector #tabSurfaces [type='Next']
+@click-selector #tabSurfaces [type='Next']
+@click-selector #tabSurfaces [type='Next']
+@snapshot gallery-tabs-scrolled
+@click edtLength
+@type 5000
+@key RETURN
+@click edtSlope
+@snapshot gallery-limits
+@hover edtLength
+@wait 700
+@snapshot gallery-tooltip
+@click btnClose
+GALLERY

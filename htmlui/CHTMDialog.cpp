@@ -151,6 +151,7 @@ void CHTMDialog::InitWindow() {
   if (!icon.empty()) platform::setWindowIcon(m_hwnd, m_moduleInstance, icon);
 
   for (CHTMCtrl* control : m_controls) control->Bind(*this, m_root);
+  m_tooltip.Bind(*this, m_root);
 
   m_waitBox = ElementById(kWaitBoxId);
   if (m_waitBox.IsValid()) engine.DetachElement(m_waitBox.Handle());
@@ -215,6 +216,8 @@ void CHTMDialog::FocusOnHover() {
 void CHTMDialog::ReleasePage() {
   html::HtmlEngine* engine = GetHtmlEngine();
   for (CHTMCtrl* control : m_controls) control->Unbind();
+  m_tooltip.Unbind();
+  m_menu.Unbind();
   if (engine && m_root.IsValid()) engine->DetachEventHandler(m_root.Handle(), &element_proc, this);
   m_waitBox.Release();
   m_shim.Release();
@@ -261,6 +264,7 @@ BOOL CHTMDialog::handle_event(HELEMENT he, BEHAVIOR_EVENT_PARAMS& params) {
   if (!(params.cmd & SINKING)) return FALSE;
   const UINT code = params.cmd & ~(SINKING | HANDLED);
   const CHTMElement target(params.heTarget);
+  if (code == BUTTON_PRESS || code == BUTTON_STATE_CHANGED || code == BUTTON_CLICK) m_tooltip.Hide();
   switch (code) {
     case BUTTON_CLICK: {
       const std::wstring name = target.GetAttribute("name");
@@ -282,9 +286,22 @@ BOOL CHTMDialog::handle_event(HELEMENT he, BEHAVIOR_EVENT_PARAMS& params) {
       if (!href.empty()) platform::shellOpen(href, kShowNormal);
       return TRUE;
     }
+    case CONTEXT_MENU_REQUEST:
+      return OpenContextMenu(target) ? TRUE : FALSE;
+    case MENU_ITEM_CLICK:
+      return ChooseFromContextMenu(CHTMElement(params.he != nullptr ? params.he : params.heTarget)) ? TRUE : FALSE;
+    case POPUP_REQUEST:
+      return ShowTooltip(target) ? TRUE : FALSE;
     default:
       return FALSE;
   }
+}
+
+BOOL CHTMDialog::handle_mouse(HELEMENT, MOUSE_PARAMS& params) {
+  // The pointer moved to another element, or pressed: the hover tooltip goes.
+  const UINT code = params.cmd & ~(SINKING | HANDLED);
+  if ((params.cmd & SINKING) && (code == MOUSE_ENTER || code == MOUSE_LEAVE || code == MOUSE_DOWN)) m_tooltip.Hide();
+  return FALSE;
 }
 
 LRESULT CHTMDialog::on_load_data(LPNMHL_LOAD_DATA request) {

@@ -6,9 +6,12 @@
 // the shell, and a modal run disables the owner until the window is gone.
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "htmlui/CHTMElement.h"
+#include "htmlui/CHTMMenuCtrl.h"
+#include "htmlui/CHTMTooltipCtrl.h"
 #include "htmlui/HTMPage.h"
 #include "htmlui/engine/HtmlayoutEventHandler.h"
 #include "platform/DialogWindow.h"
@@ -17,6 +20,7 @@ namespace kvt1 {
 
 class CHTMCtrl;
 struct SHTMCtrlEventArgs;
+struct STooltipTarget;
 
 class CHTMDialog : public htmlayout::event_handler,
                    public htmlayout::notification_handler<CHTMDialog>,
@@ -64,6 +68,12 @@ class CHTMDialog : public htmlayout::event_handler,
   void ShowWaitBox(bool show);
   void ShowShim(bool show, int marginTop = -1, int marginLeft = -1);
 
+  // The popup of the hover tooltips, "Tooltip#FormPilotDialog": the page's
+  // own when it has one, else written into the page when first needed.
+  CHTMTooltipCtrl& Tooltip() { return m_tooltip; }
+  // The context menu, bound once it was first needed.
+  CHTMMenuCtrl& ContextMenu() { return m_menu; }
+
   // The first live dialog made from the numeric page id; null when none.
   static CHTMDialog* FindByPageId(unsigned short resourceId);
 
@@ -84,6 +94,41 @@ class CHTMDialog : public htmlayout::event_handler,
   // Ticks of the dialog's own timers, and of the 100 ms timer while it is off.
   virtual void OnTimer(std::uintptr_t id) {}
 
+  // Hover tooltips (HTMTooltips.cpp). When the pointer rests on an element
+  // (a POPUP_REQUEST), its tooltip comes from, in this order: a "SELFTOOLTIP"
+  // or "SELFIMAGETOOLTIP" element itself (HTMTooltipTarget.h); the bound
+  // control whose element is the nearest with an id, unless a sub-item of it
+  // is hovered (its CurrentTooltip()); TooltipTexts. Texts pass TextToHtml.
+  // An empty text shows nothing; "DontHandleTooltip" and an element that
+  // belongs to nothing are left to the engine's own tooltip. A press, a click
+  // or the pointer moving to another element hides the tooltip.
+  //
+  // The text store's tooltips of a dialog (NTxtRes::GetTooltip):
+  //   dialog id   TooltipDialogId(); 0 means the dialog keeps none there;
+  //   control id  the decimal "cid" attribute of the nearest element with an
+  //               id, or else the decimal "ContextID" of the nearest element
+  //               with one;
+  //   index       0 for the element itself, the item's "FPID" for a sub-item
+  //               (so items are numbered from 1);
+  // "Text" is the tooltip's title, "ExtendedText" its details.
+  //
+  // By default the numeric page id; 0 for a page named by text.
+  virtual int TooltipDialogId() const;
+  // The title and details for target from the text store, by the layout
+  // above; a subclass may answer for its elements itself.
+  virtual std::pair<std::wstring, std::wstring> TooltipTexts(const STooltipTarget& target);
+
+  // The context menu (HTMMenuContext.cpp). A right click (CONTEXT_MENU_REQUEST)
+  // goes to the nearest element with an id: when HasContextMenu says it has
+  // one, FillContextMenu lists the entries for that id and the cursor's point
+  // (client coordinates). Unless the list is empty, the dialog's menu
+  // "Menu#CHTMLDialog" (written into the page when it lacks one) is filled in
+  // list order and pops up at the point. The command of the chosen entry
+  // comes back to OnContextMenuCommand with the same id.
+  virtual bool HasContextMenu(const CHTMElement& element, const std::wstring& id) { return false; }
+  virtual void FillContextMenu(const std::wstring& id, POINT point, std::vector<SHTMMenuEntry>& entries) {}
+  virtual void OnContextMenuCommand(const std::wstring& id, unsigned command) {}
+
   // The style the subclass starts from, ORed with the page's.
   std::uint32_t m_baseStyle = 0;
   bool m_child = false;
@@ -93,6 +138,7 @@ class CHTMDialog : public htmlayout::event_handler,
   int m_maxTrackHeight = 0x7FFFFFFF;
 
   BOOL handle_event(HELEMENT he, BEHAVIOR_EVENT_PARAMS& params) override;
+  BOOL handle_mouse(HELEMENT he, MOUSE_PARAMS& params) override;
 
  private:
   bool PreparePage();
@@ -100,6 +146,12 @@ class CHTMDialog : public htmlayout::event_handler,
   void PlaceWindow();
   void FocusOnHover();
   void ReleasePage();
+  // True when the dialog answered the request (shown, or nothing to show).
+  bool ShowTooltip(const CHTMElement& element);
+  // True when the dialog's menu popped up for the request.
+  bool OpenContextMenu(const CHTMElement& target);
+  // True when item belongs to the dialog's menu and was passed on.
+  bool ChooseFromContextMenu(const CHTMElement& item);
   std::intptr_t onMessage(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam,
                           bool& handled) override;
 
@@ -121,6 +173,9 @@ class CHTMDialog : public htmlayout::event_handler,
   bool m_timerOn = true;
   bool m_focusOnHover = true;
   void* m_moduleInstance = nullptr;
+  CHTMMenuCtrl m_menu{L"Menu#CHTMLDialog", CHTMMenuCtrl::Kind::Context};
+  std::wstring m_contextMenuId;  // the id the open context menu was filled for
+  CHTMTooltipCtrl m_tooltip{L"Tooltip#FormPilotDialog"};
 };
 
 // The window timer that drives focus-on-hover, and its period.

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Draws every dialog of the module into build/gallery/pictures: builds the
-# module and the host emulator (linux-release) when needed, installs the
-# product into build/gallery (registry, program and data folders, no help
-# file) and plays demo/gallery.lsp in kvt1-host with --render. The start-up
-# update check goes to a closed local port. Nothing is written outside
-# build/gallery.
+# Draws every dialog of the module, and the emulator's gallery of controls,
+# into build/gallery/pictures: builds the module and the host emulator
+# (linux-release) when needed, installs the product into build/gallery
+# (registry, program and data folders, no help file) and plays
+# demo/gallery.lsp in kvt1-host with --render. The start-up update check goes
+# to a closed local port. Nothing is written outside build/gallery.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)

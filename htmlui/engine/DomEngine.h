@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -121,10 +122,24 @@ class DomEngine : public HtmlEngine {
   // nearest element that takes it. True when a handler handled the event.
   bool mouse(HWND hwnd, UINT cmd, HELEMENT he, POINT pt);
 
+  // A right click at pt (view coordinates) on target: CONTEXT_MENU_REQUEST
+  // sinks and bubbles from target (its "he" is the menu that would open, or
+  // null). When no handler handled it, the menu that the style "context-menu"
+  // "selector(...)" of target or an ancestor names opens with its top left at
+  // pt. True when a handler handled the request or a menu opened.
+  bool contextMenu(HWND hwnd, HELEMENT target, POINT pt);
+  // Where the last context-menu request happened, in view coordinates.
+  POINT contextMenuPoint() const { return contextPoint_; }
+  // Hides the view's open popups that do not hold he (null: all of them).
+  void closePopupsOutside(HWND hwnd, HELEMENT he);
+
   // Delivers the posted events queued so far; returns how many.
   std::size_t pumpPosted();
-  // Moves the engine's clock on and delivers the timers that fall due.
+  // Moves the engine's clock on and delivers the timers that fall due. When
+  // the hovered element has not changed for kHoverRestMs, it is sent one
+  // POPUP_REQUEST (target and source: that element), as for a tooltip.
   void tick(UINT elapsedMs);
+  static constexpr UINT kHoverRestMs = 500;
   // Chooses the item of a popup that TrackPopupAt runs; without one it returns none.
   void setPopupUser(std::function<HELEMENT(HELEMENT popup)> user);
 
@@ -157,12 +172,25 @@ class DomEngine : public HtmlEngine {
     int laidOutWidth = -1;
     std::uint32_t focus = 0;
     std::uint32_t hover = 0;
+    std::uint64_t hoverSince = 0;  // engine time of the last hover change
+    bool hoverRestReported = false;
   };
   struct Timer {
     std::uint32_t element = 0;
     UINT_PTR id = 0;
     UINT period = 0;
     std::uint64_t due = 0;
+  };
+  // Where a shown popup goes: beside an anchor element (placement 2, 8, 4
+  // or 6: below, above, left, right) or with one of its points (numpad 1-9)
+  // at a view point. written is what the layout HTML last said, as "left"
+  // and "top", to put it there.
+  struct PopupPlace {
+    std::uint32_t anchor = 0;
+    UINT placement = 2;
+    POINT point{0, 0};
+    UINT corner = 7;
+    POINT written{0, 0};
   };
   struct PostedEvent {
     std::uint32_t target = 0;
@@ -204,10 +232,30 @@ class DomEngine : public HtmlEngine {
   bool sendBehaviorEvent(Element& target, UINT code, Element* source, UINT_PTR reason);
   void initialize(LPELEMENT_EVENT_PROC proc, LPVOID tag, HELEMENT he, UINT cmd);
 
+  // Text editing of inputs and text areas (DomEngineEditing.cpp): what a key
+  // that no handler took does to the focused element, and "selectAll".
+  void editByKey(std::uint32_t target, UINT cmd, UINT code);
+  HLDOM_RESULT callEditMethod(Element& e, XCALL_PARAMS& params);
+
+  // Hover rest (DomEngineHoverRest.cpp): a POPUP_REQUEST for the element the
+  // pointer has rested on for kHoverRestMs of the engine's clock.
+  void hoverMoved(View& view);
+  void reportHoverRest();
+
+  // Keys: the focus moves on (or back) to the next element that takes it.
+  void tabFocus(HWND hwnd, bool backwards);
+
   // Popups.
-  HLDOM_RESULT showPopup(Element& popup, Element* anchor);
+  HLDOM_RESULT showPopup(Element& popup, Element* anchor, const PopupPlace& place);
   void hidePopup(Element& popup);
   bool clickMenuItem(Element& item);
+  void openSubMenu(Element& item, Element& menu);
+  Element* contextMenuOf(Element& e);
+  // The positions the layout HTML gives the view's shown popups.
+  std::map<std::uint32_t, POINT> popupPositions(const View& view) const;
+  // After a layout: moves the popups whose boxes are not where they belong;
+  // true when one moved and the view must be laid out again.
+  bool placePopups(const View& view);
 
   // Geometry.
   bool ensureLayout(View& view, int width);
@@ -215,7 +263,7 @@ class DomEngine : public HtmlEngine {
 
   DomTree tree_;
   std::map<HWND, View> views_;
-  std::map<std::uint32_t, std::uint32_t> popupAnchors_;
+  std::map<std::uint32_t, PopupPlace> popupAnchors_;
   std::vector<Timer> timers_;
   std::deque<PostedEvent> posted_;
   std::uint64_t now_ = 0;
@@ -227,6 +275,8 @@ class DomEngine : public HtmlEngine {
   std::function<HELEMENT(HELEMENT)> popupUser_;
   std::unique_ptr<LayoutProvider> layout_;
   HWND laidOutView_ = nullptr;
+  POINT contextPoint_{0, 0};
+  std::set<std::uint32_t> selectedAll_;  // editable elements whose whole text is selected
 };
 
 }  // namespace kvt1::html

@@ -178,6 +178,7 @@ HLDOM_RESULT DomEngine::CallBehaviorMethod(HELEMENT he, METHOD_PARAMS* params) {
     click(he);
     return HLDOM_OK;
   }
+  if (params->methodID == XCALL) return callEditMethod(*e, *static_cast<XCALL_PARAMS*>(params));
   return HLDOM_OK_NOT_HANDLED;
 }
 
@@ -251,6 +252,7 @@ void DomEngine::tick(UINT elapsedMs) {
                   timers_.end());
   }
   now_ = until;
+  reportHoverRest();
 }
 
 bool DomEngine::click(HELEMENT he) {
@@ -324,6 +326,7 @@ bool DomEngine::setHover(HWND hwnd, HELEMENT he) {
   Element* old = tree_.find(view->hover);
   if (old == hover) return true;
   view->hover = hover != nullptr ? hover->number : 0;
+  hoverMoved(*view);
   const std::uint32_t n = hover != nullptr ? hover->number : 0;
   changed();
   if (old != nullptr) {

@@ -7,6 +7,13 @@
 #include "platform/Unicode.h"
 
 namespace kvt1::html {
+namespace {
+
+// A popup's containing block and size are measured by one layout; a second
+// one catches a size that changed with the place.
+constexpr int kPopupPlacingPasses = 2;
+
+}  // namespace
 
 void DomEngine::setLayoutProvider(std::unique_ptr<LayoutProvider> provider) {
   layout_ = std::move(provider);
@@ -22,7 +29,9 @@ void DomEngine::setViewSize(HWND hwnd, int width, int height) {
 std::string DomEngine::serializeForLayout(HWND hwnd) {
   View* view = findView(hwnd);
   Element* root = view != nullptr ? tree_.find(view->root) : nullptr;
-  return root != nullptr ? platform::toUtf8(writeLayoutHtml(*root, tree_, view->importedStyles)) : std::string();
+  if (root == nullptr) return std::string();
+  const std::map<std::uint32_t, POINT> popups = popupPositions(*view);
+  return platform::toUtf8(writeLayoutHtml(*root, tree_, view->importedStyles, &popups));
 }
 
 bool DomEngine::ensureLayout(View& view, int width) {
@@ -33,6 +42,13 @@ bool DomEngine::ensureLayout(View& view, int width) {
     return false;
   }
   laidOutView_ = view.hwnd;
+  // Popups go where their anchors and their own sizes, known now, put them.
+  for (int pass = 0; pass < kPopupPlacingPasses && placePopups(view); ++pass) {
+    if (!layout_->layout(serializeForLayout(view.hwnd), width)) {
+      laidOutView_ = nullptr;
+      return false;
+    }
+  }
   view.laidOutGeneration = generation_;
   view.laidOutWidth = width;
   return true;

@@ -12,6 +12,8 @@ namespace {
 constexpr UINT kWmMouseMove = 0x0200;
 constexpr UINT kWmLButtonDown = 0x0201;
 constexpr UINT kWmLButtonUp = 0x0202;
+constexpr UINT kWmRButtonDown = 0x0204;
+constexpr UINT kWmRButtonUp = 0x0205;
 constexpr UINT kWmKeyDown = 0x0100;
 constexpr UINT kWmKeyUp = 0x0101;
 constexpr UINT kWmChar = 0x0102;
@@ -131,6 +133,14 @@ LRESULT answerInput(DomEngine& engine, HWND hwnd, UINT msg, WPARAM wParam, LPARA
       return 0;
     case kWmChar:
       engine.key(hwnd, KEY_CHAR, static_cast<UINT>(wParam), 0);
+      engine.pumpPosted();
+      return 0;
+    case kWmRButtonDown:
+      // A press elsewhere dismisses the open popups, as a menu does.
+      engine.closePopupsOutside(hwnd, elementAt(engine, hwnd, lParam));
+      return 0;
+    case kWmRButtonUp:
+      if (HELEMENT under = elementAt(engine, hwnd, lParam)) engine.contextMenu(hwnd, under, pointOf(lParam));
       engine.pumpPosted();
       return 0;
     case kWmAutomationLocate:

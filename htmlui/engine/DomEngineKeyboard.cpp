@@ -1,10 +1,16 @@
-// Keys go to the focused element; pointer presses and releases go to the
-// element under the pointer, and a press that nobody handled moves the focus
-// to the nearest element that can take it.
+// Keys go to the focused element, and a TAB that nobody handled moves the
+// focus on (back with SHIFT) through the elements that take it; pointer
+// presses and releases go to the element under the pointer, and a press that
+// nobody handled moves the focus to the nearest element that can take it.
+#include <algorithm>
+#include <vector>
+
 #include "htmlui/engine/DomEngine.h"
 
 namespace kvt1::html {
 namespace {
+
+constexpr UINT kVkTab = 0x09;
 
 bool isFocusable(const DomTree& tree, const Element& e) {
   if (e.tag == "input" || e.tag == "textarea" || e.tag == "select" || e.tag == "button") return true;
@@ -20,8 +26,42 @@ bool DomEngine::key(HWND hwnd, UINT cmd, UINT code, UINT altState) {
   Element* target = tree_.find(view->focus);
   if (target == nullptr) target = tree_.find(view->root);
   if (target == nullptr) return false;
+  const std::uint32_t n = target->number;
   KEY_PARAMS params{cmd, toHandle(target), code, altState};
-  return dispatch(*target, HANDLE_KEY, &params.cmd, &params);
+  const bool handled = dispatch(*target, HANDLE_KEY, &params.cmd, &params);
+  if (handled) return true;
+  // A key nobody took moves the focus (TAB) or edits the focused text field.
+  if (cmd == KEY_DOWN && code == kVkTab) {
+    tabFocus(hwnd, (altState & SHIFT_KEY_PRESSED) != 0);
+  } else {
+    editByKey(n, cmd, code);
+  }
+  return false;
+}
+
+void DomEngine::tabFocus(HWND hwnd, bool backwards) {
+  View* view = findView(hwnd);
+  Element* root = view != nullptr ? tree_.find(view->root) : nullptr;
+  if (root == nullptr) return;
+  std::vector<Element*> order;
+  forEachDescendant(*root, [&](Element& e, std::size_t) {
+    if ((e.state & STATE_DISABLED) != 0) return false;
+    BOOL visible = FALSE;
+    IsElementVisible(toHandle(&e), &visible);
+    if (visible == FALSE) return false;
+    if (isFocusable(tree_, e)) order.push_back(&e);
+    return true;
+  });
+  if (order.empty()) return;
+  const auto at = std::find(order.begin(), order.end(), tree_.find(view->focus));
+  std::size_t next = 0;
+  if (at == order.end()) {
+    next = backwards ? order.size() - 1 : 0;
+  } else {
+    const std::size_t current = static_cast<std::size_t>(at - order.begin());
+    next = backwards ? (current + order.size() - 1) % order.size() : (current + 1) % order.size();
+  }
+  setFocus(hwnd, toHandle(order[next]));
 }
 
 bool DomEngine::mouse(HWND hwnd, UINT cmd, HELEMENT he, POINT pt) {

@@ -66,7 +66,10 @@ HLDOM_RESULT DomEngine::ControlSetValue(HELEMENT he, const VALUE* pVal) {
       e->state = on != 0 ? (e->state | STATE_CHECKED) : (e->state & ~STATE_CHECKED);
       break;
     }
-    case ControlKind::TextInput: tree_.setAttribute(*e, "value", valueText(*pVal)); break;
+    case ControlKind::TextInput:
+      tree_.setAttribute(*e, "value", valueText(*pVal));
+      selectedAll_.erase(e->number);  // a new text drops the selection, as an edit does
+      break;
     case ControlKind::Select: {
       const std::wstring wanted = valueText(*pVal);
       forEachDescendant(*e, [&](Element& option, std::size_t) {

@@ -34,6 +34,53 @@ void appendEscaped(std::wstring& out, const std::wstring& text, bool attribute) 
   }
 }
 
+void setDeclaration(StyleDeclarations& style, const char* name, std::wstring value) {
+  for (auto& declaration : style) {
+    if (declaration.first == name) {
+      declaration.second = std::move(value);
+      return;
+    }
+  }
+  style.emplace_back(name, std::move(value));
+}
+
+const std::wstring* declaration(const StyleDeclarations& style, const char* name) {
+  for (const auto& [key, value] : style)
+    if (key == name) return &value;
+  return nullptr;
+}
+
+// The colour of "color-schema(colour,...)"; empty for any other value.
+std::wstring schemaColour(const std::wstring& transformation) {
+  const std::wstring prefix = L"color-schema(";
+  if (transformation.compare(0, prefix.size(), prefix) != 0) return {};
+  const std::size_t end = transformation.find_first_of(L",)", prefix.size());
+  return end == std::wstring::npos ? std::wstring() : transformation.substr(prefix.size(), end - prefix.size());
+}
+
+// What litehtml does not know, written as what it draws; returns the colour
+// of a swatch to draw before the content, or empty.
+std::wstring layoutStyle(StyleDeclarations& style, const std::map<std::uint32_t, POINT>* popups, std::uint32_t node) {
+  if (popups != nullptr) {
+    const auto placed = popups->find(node);
+    if (placed != popups->end()) {
+      setDeclaration(style, "position", L"absolute");
+      setDeclaration(style, "left", std::to_wstring(placed->second.x) + L"px");
+      setDeclaration(style, "top", std::to_wstring(placed->second.y) + L"px");
+    }
+  }
+  const std::wstring* transformation = declaration(style, "foreground-image-transformation");
+  const std::wstring swatch = transformation != nullptr ? schemaColour(*transformation) : std::wstring();
+  const std::wstring* image = declaration(style, "foreground-image");
+  if (swatch.empty() && image != nullptr && declaration(style, "background-image") == nullptr) {
+    const std::wstring url = *image;  // a copy: adding declarations may move the one image points to
+    setDeclaration(style, "background-image", url);
+    setDeclaration(style, "background-repeat", L"no-repeat");
+    setDeclaration(style, "background-position", L"4px 50%");
+  }
+  return swatch;
+}
+
 void appendAttribute(std::wstring& out, const std::wstring& name, const std::wstring& value) {
   out += L' ';
   out += name;
@@ -44,17 +91,27 @@ void appendAttribute(std::wstring& out, const std::wstring& name, const std::wst
 
 class Writer {
  public:
-  Writer(const DomTree& tree, const std::map<std::wstring, std::wstring>* imports)
-      : imports_(imports), classKey_(tree.atoms().find(L"class")), styleKey_(tree.atoms().find(L"style")) {}
+  Writer(const DomTree& tree, const std::map<std::wstring, std::wstring>* imports,
+         const std::map<std::uint32_t, POINT>* popups = nullptr)
+      : imports_(imports),
+        popups_(popups),
+        classKey_(tree.atoms().find(L"class")),
+        styleKey_(tree.atoms().find(L"style")) {}
 
   void element(const Element& e) {
     out += L'<';
     out += platform::fromUtf8(e.tag);
+    std::wstring swatch;
     if (imports_ != nullptr)
-      layoutAttributes(e);
+      swatch = layoutAttributes(e);
     else
       for (const Attribute& a : e.attributes) appendAttribute(out, platform::fromUtf8(a.name), a.value);
     out += L'>';
+    if (!swatch.empty()) {
+      out += L"<span class=\"kvt1-swatch\"";
+      appendAttribute(out, L"style", L"background-color:" + swatch + L";");
+      out += L"></span>";
+    }
     if (isVoidElement(e.tag)) return;
     content(e);
     out += L"</";
@@ -79,7 +136,7 @@ class Writer {
   std::wstring out;
 
  private:
-  void layoutAttributes(const Element& e) {
+  std::wstring layoutAttributes(const Element& e) {
     appendAttribute(out, L"kvt1-node", std::to_wstring(e.number));
     for (const Attribute& a : e.attributes)
       if (a.key != classKey_ && a.key != styleKey_) appendAttribute(out, platform::fromUtf8(a.name), a.value);
@@ -91,8 +148,11 @@ class Writer {
       classes += state.name;
     }
     if (!classes.empty()) appendAttribute(out, L"class", classes);
-    const std::wstring style = writeInlineStyle(mergedStyle(e, e.attributeValue(styleKey_)));
+    StyleDeclarations declarations = mergedStyle(e, e.attributeValue(styleKey_));
+    const std::wstring swatch = layoutStyle(declarations, popups_, e.number);
+    const std::wstring style = writeInlineStyle(declarations);
     if (!style.empty()) appendAttribute(out, L"style", style);
+    return swatch;
   }
 
   void styleText(const std::wstring& css, int depth) {
@@ -108,6 +168,7 @@ class Writer {
   }
 
   const std::map<std::wstring, std::wstring>* imports_;
+  const std::map<std::uint32_t, POINT>* popups_;
   Atom classKey_;
   Atom styleKey_;
 };
@@ -137,8 +198,9 @@ std::wstring writeInnerHtml(const Element& element, const DomTree& tree) {
 }
 
 std::wstring writeLayoutHtml(const Element& root, const DomTree& tree,
-                             const std::map<std::wstring, std::wstring>& importedStyles) {
-  Writer writer(tree, &importedStyles);
+                             const std::map<std::wstring, std::wstring>& importedStyles,
+                             const std::map<std::uint32_t, POINT>* popupPositions) {
+  Writer writer(tree, &importedStyles, popupPositions);
   writer.element(root);
   return std::move(writer.out);
 }

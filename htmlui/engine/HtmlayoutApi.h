@@ -266,6 +266,15 @@ struct METHOD_PARAMS {
   UINT methodID;
 };
 
+// XCALL: a behaviour's method called by name with arguments, as a script
+// would ("selectAll" of a text input takes none); retval receives the answer.
+struct XCALL_PARAMS : METHOD_PARAMS {
+  LPCSTR method_name;
+  UINT argc;
+  VALUE* argv;
+  VALUE retval;
+};
+
 struct DATA_ARRIVED_PARAMS {
   HELEMENT initiator;
   LPCBYTE data;

@@ -58,6 +58,14 @@ std::optional<DialogDirective> parseDialogDirective(const std::wstring& text, in
   const std::wstring name = firstWord(text, rest);
   directive.argument = rest;
 
+  if (name == L"snapshot") {
+    if (rest.empty() || rest.find_first_of(L"/\\") != std::wstring::npos) {
+      error = L"@snapshot takes a picture name without folders: " + rest;
+      return std::nullopt;
+    }
+    directive.kind = DialogDirective::Kind::Snapshot;
+    return directive;
+  }
   if (name == L"click" || name == L"click-selector" || name == L"render") {
     if (rest.empty()) {
       const wchar_t* wanted = name == L"click" ? L"an element id" : name == L"render" ? L"a folder" : L"a CSS selector";

@@ -12,18 +12,20 @@
 //   @wait MS               lets MS milliseconds pass: timers fire
 //   @answer OK|CANCEL|YES|NO  answers the next message box or message dialog
 //   @render DIR            draws every dialog that opens from now on into DIR
+//   @snapshot NAME         draws the waiting dialog as it is now into the
+//                          render folder, as N-NAME.png
 #include <optional>
 #include <string>
 
 namespace kvt1::emu {
 
 struct DialogDirective {
-  enum class Kind { Click, ClickSelector, ClickAt, RightClick, Hover, Key, Type, Wait, Answer, Render };
+  enum class Kind { Click, ClickSelector, ClickAt, RightClick, Hover, Key, Type, Wait, Answer, Render, Snapshot };
 
   Kind kind = Kind::Click;
   int line = 0;
   std::wstring text;      // as written, without the "@"
-  std::wstring argument;  // the id, selector, key name, text, answer name or folder
+  std::wstring argument;  // the id, selector, key name, text, answer name, folder or picture name
   int x = 0;              // ClickAt
   int y = 0;
   unsigned milliseconds = 0;  // Wait

@@ -53,6 +53,8 @@ class DialogDirector {
   void detach();
   void onIdle();
   void onCreated(HWND window);
+  // Draws the window into the render folder as N-NAME.png.
+  void render(HWND window, const std::wstring& name, int line);
   Outcome play(DialogDirective& directive, HWND dialog);
   // Clicks, right-clicks or hovers the middle of the element that the selector finds.
   Outcome pointAtElement(const DialogDirective& directive, const std::wstring& selector, HWND dialog);

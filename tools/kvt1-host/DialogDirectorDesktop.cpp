@@ -67,13 +67,15 @@ void DialogDirector::onCreated(HWND window) {
   const HeadlessWindow* w = desktop().find(window);
   if (w == nullptr || w->isChild()) return;
   print_(label(window) + L": opened\n");
-  if (renderFolder_.empty()) return;
-  const std::wstring path =
-      renderFolder_ + L"/" + std::to_wstring(++rendered_) + L"-" + fileNamePart(w->text) + L".png";
+  if (!renderFolder_.empty()) render(window, fileNamePart(w->text), renderLine_);
+}
+
+void DialogDirector::render(HWND window, const std::wstring& name, int line) {
+  const std::wstring path = renderFolder_ + L"/" + std::to_wstring(++rendered_) + L"-" + name + L".png";
   if (desktop().send(window, html::kWmAutomationRender, 0, reinterpret_cast<std::intptr_t>(path.c_str())) == 1) {
     print_(L"rendered: " + path + L"\n");
   } else {
-    fault_(renderLine_, L"cannot render " + label(window) + L" to " + path);
+    fault_(line, L"cannot render " + label(window) + L" to " + path);
   }
 }
 
@@ -122,6 +124,13 @@ DialogDirector::Outcome DialogDirector::play(DialogDirective& directive, HWND di
       return Outcome::Played;
     case DialogDirective::Kind::Wait:
       return wait(directive, dialog);
+    case DialogDirective::Kind::Snapshot:
+      if (renderFolder_.empty()) {
+        fault_(directive.line, L"@" + directive.text + L": no render folder (@render DIR or --render DIR)");
+      } else {
+        render(dialog, fileNamePart(directive.argument), directive.line);
+      }
+      return Outcome::Passed;
     case DialogDirective::Kind::Render:
       break;
   }

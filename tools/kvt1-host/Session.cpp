@@ -7,6 +7,7 @@
 #include "tools/kvt1-host/LispReader.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
 #include "tools/kvt1-host/core/ResultBuffers.h"
+#include "tools/kvt1-host/gallery/ControlsGallery.h"
 
 namespace kvt1::emu {
 namespace {
@@ -120,6 +121,8 @@ bool Session::runCommand(const std::wstring& name, int line) {
     openDocument();
   } else if (key == L"CLOSE") {
     closeDocument();
+  } else if (key == L"GALLERY") {
+    showControlsGallery([this](const std::wstring& text) { print(text); });
   } else if (key == L"RELOAD") {
     // The host ends and starts again with the same module.
     const std::wstring path = modulePath_;

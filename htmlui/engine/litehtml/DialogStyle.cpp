@@ -96,7 +96,13 @@ menu > li { display: block; padding: 3px 20px 3px 24px; white-space: nowrap; }
 menu > li.kvt1-hover, menu > li.kvt1-current { background-color: #91c9f7; }
 menu > li.kvt1-disabled, menu > li[disabled] { color: #6d6d6d; }
 menu > hr { margin: 3px 2px; }
+widget.menu-bar { background-color: #f5f5f5; border-bottom: 1px solid #d0d0d0; }
 widget.menu-bar > menu > li { display: inline-block; padding: 3px 8px; }
+menu.kvt1-popup { min-width: 100px; text-align: left; font-weight: normal; }
+.kvt1-swatch {
+  display: inline-block; width: 12px; height: 12px; margin: 0 6px 0 -18px;
+  border: 1px solid #606060; vertical-align: middle;
+}
 
 button menu, li menu, menu.context, menu.popup, popup, .popup { display: none; }
 menu.kvt1-popup, popup.kvt1-popup, .popup.kvt1-popup, menu.context.kvt1-popup, .kvt1-popup {
@@ -104,6 +110,23 @@ menu.kvt1-popup, popup.kvt1-popup, .popup.kvt1-popup, menu.context.kvt1-popup, .
   padding: 2px; border: 1px solid #a0a0a0; background-color: #f2f2f2; color: #000000;
 }
 popup.Tooltip.kvt1-popup { padding: 3px 5px; border-color: #767676; background-color: #ffffff; }
+popup.Tooltip div.details { margin-top: 3px; max-width: 260px; color: #404040; white-space: normal; }
+popup.Tooltip div.details:empty { display: none; }
+popup.LimitsTextPanel.kvt1-popup { padding: 2px 6px; border-color: #767676; background-color: #ffffe1; font-size: 11px; }
+popup.LimitsTextPanel .LimitRow { display: block; white-space: nowrap; }
+popup.LimitsTextPanel .LimitRow > div { display: inline-block; margin-left: 4px; }
+
+.tabs { position: relative; }
+.tabs > .strip { display: block; white-space: nowrap; overflow: hidden; border-bottom: 1px solid #adadad; }
+.tabs > .strip > [panel] {
+  display: inline-block; padding: 3px 10px; margin: 0 2px 0 0; white-space: nowrap;
+  border: 1px solid #adadad; border-bottom: none; background-color: #e1e1e1;
+}
+.tabs > .strip > [panel].kvt1-hover { background-color: #e5f1fb; }
+.tabs > .strip > [panel].kvt1-current { background-color: #ffffff; border-top-color: #0078d7; }
+.tabs > .strip > [panel].kvt1-disabled { color: #838383; }
+.tabs > .panels { display: block; padding: 6px; border: 1px solid #adadad; border-top: none; background-color: #ffffff; }
+.tabs > .ScrollButtonsContainer { position: absolute; top: 0; right: 0; white-space: nowrap; }
 )css";
 
 // Generated content of the controls. litehtml builds pseudo-elements only
@@ -119,6 +142,8 @@ select[size]:after, select[multiple]:after { content: ""; }
 menu > li.kvt1-checked:before, menu > li[status="checked"]:before {
   content: "\2714"; display: inline-block; width: 20px; margin-left: -20px;
 }
+/* The tab strip's scroll buttons stay small whatever the page says of buttons. */
+.tabs > .ScrollButtonsContainer > button { min-width: 0; margin: 0; padding: 1px 4px; }
 )css";
 
 }  // namespace

@@ -305,6 +305,25 @@ bool mark(const std::string& file) {
   return written;
 }
 
+// The swatch of a colour item in a menu: a square that the library recolours
+// to the item's colour ("color-schema"), framed in a darker line.
+bool menuColor(const std::string& file) {
+  constexpr int kSize = 16;
+  cairo_surface_t* image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, kSize, kSize);
+  cairo_t* cr = cairo_create(image);
+  roundedRectangle(cr, 2.5, 2.5, kSize - 5, kSize - 5, 2);
+  cairo_set_source_rgb(cr, 0.5, 0.5, 0.5);
+  cairo_fill_preserve(cr);
+  cairo_set_source_rgb(cr, 0.2, 0.2, 0.2);
+  cairo_set_line_width(cr, 1);
+  cairo_stroke(cr);
+
+  cairo_destroy(cr);
+  const bool written = cairo_surface_write_to_png(image, file.c_str()) == CAIRO_STATUS_SUCCESS;
+  cairo_surface_destroy(image);
+  return written;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -313,5 +332,8 @@ int main(int argc, char** argv) {
     return 1;
   }
   const std::string folder = argv[1];
-  return splash(folder + "/IMG_VRMSPLASH.png") && mark(folder + "/IMG_HALVORNMARK.png") ? 0 : 1;
+  return splash(folder + "/IMG_VRMSPLASH.png") && mark(folder + "/IMG_HALVORNMARK.png") &&
+                 menuColor(folder + "/ICON_MENUCOLOR.png")
+             ? 0
+             : 1;
 }

@@ -192,6 +192,22 @@ TEST_F(InputTest, KeysGoToTheFocusedElementOrElseToTheRoot) {
   EXPECT_FALSE(engine.key(window(2), KEY_DOWN, 0x0D, 0));
 }
 
+TEST_F(InputTest, TabMovesTheFocusThroughWhatTakesItAndShiftTabBack) {
+  // #off is disabled and #gone not displayed: only #ok takes the focus at first.
+  EXPECT_FALSE(engine.key(window(), KEY_DOWN, 0x09, 0));
+  EXPECT_NE(stateOf("ok") & STATE_FOCUS, 0u);
+  engine.SetElementState(byId("off"), 0, STATE_DISABLED, FALSE);
+  engine.SetAttributeByName(byId("text"), "tabindex", L"0");
+  engine.key(window(), KEY_DOWN, 0x09, 0);
+  EXPECT_NE(stateOf("off") & STATE_FOCUS, 0u);
+  engine.key(window(), KEY_DOWN, 0x09, 0);
+  EXPECT_NE(stateOf("text") & STATE_FOCUS, 0u);
+  engine.key(window(), KEY_DOWN, 0x09, 0);  // round to the first
+  EXPECT_NE(stateOf("ok") & STATE_FOCUS, 0u);
+  engine.key(window(), KEY_DOWN, 0x09, SHIFT_KEY_PRESSED);
+  EXPECT_NE(stateOf("text") & STATE_FOCUS, 0u);
+}
+
 TEST_F(InputTest, ThePointerHoversWhatItIsOver) {
   send(kMouseMove, 0, at(15, 12));
   EXPECT_NE(stateOf("ok") & STATE_HOVER, 0u);

@@ -88,7 +88,8 @@ TEST(LayoutSnapshotTest, ExpandedMarkupWithNodesStatesAndMergedStyles) {
   const std::string snapshot = engine.serializeForLayout(window());
   const auto node = [&](HELEMENT he) { return "kvt1-node=\"" + std::to_string(reinterpret_cast<std::uintptr_t>(he)) + "\""; };
   EXPECT_EQ(snapshot, "<html " + node(root) + "><body " + node(selectFirst(engine, root, "body")) + "><menu " +
-                          node(selectFirst(engine, root, "menu")) + " id=\"m\" class=\"ctx kvt1-popup\">x</menu><p " +
+                          node(selectFirst(engine, root, "menu")) +
+                          " id=\"m\" class=\"ctx kvt1-popup\" style=\"position:absolute; left:0px; top:0px;\">x</menu><p " +
                           node(p) +
                           " class=\"kvt1-checked kvt1-disabled kvt1-hover\" style=\"color:blue; width:1px; "
                           "height:2px;\">p</p></body></html>");
