@@ -51,6 +51,12 @@ function(kvt1_add_resources target)
       VERBATIM)
     target_sources(${target} PRIVATE ${generated}.cpp)
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
+    # Every image exports its table under the same name, on purpose; the
+    # address sanitizer would take a program's and its module's tables for
+    # one variable defined twice.
+    if(KVT1_SANITIZE)
+      set_source_files_properties(${generated}.cpp PROPERTIES COMPILE_OPTIONS -fno-sanitize=address)
+    endif()
   endif()
 endfunction()
 
