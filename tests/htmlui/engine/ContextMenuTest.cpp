@@ -21,12 +21,10 @@ using namespace test;
 constexpr UINT kRButtonDown = 0x0204;
 constexpr UINT kRButtonUp = 0x0205;
 
-LPARAM at(int x, int y) { return static_cast<LPARAM>((static_cast<unsigned>(y) << 16) | static_cast<unsigned>(x)); }
-
 // Fixed boxes for ordinary elements. A popup's box is where the layout HTML's
 // "left" and "top" put it, shifted by its containing block's offset, as a
 // real layout would do it.
-class PlacingLayout : public LayoutProvider {
+class PlacingLayout : public BoxLayout {
  public:
   bool layout(const std::string& html, int) override {
     lastHtml = html;
@@ -40,19 +38,8 @@ class PlacingLayout : public LayoutProvider {
       return LayoutBox{left + popup->second.offsetX, top + popup->second.offsetY, popup->second.width,
                        popup->second.height};
     }
-    const auto found = boxes.find(node);
-    return found != boxes.end() ? std::optional<LayoutBox>(found->second) : std::nullopt;
+    return BoxLayout::box(node);
   }
-  int hitTest(int x, int y) const override {
-    int hit = -1;
-    for (const auto& [node, b] : boxes)
-      if (x >= b.x && y >= b.y && x < b.x + b.width && y < b.y + b.height) hit = node;
-    return hit;
-  }
-  int minWidth() const override { return 0; }
-  int maxWidth() const override { return 0; }
-  int contentHeight() const override { return 0; }
-  bool renderPng(const std::string&) const override { return false; }
 
   // The "left" and "top" that the last layout HTML gives an element.
   bool written(int node, int& left, int& top) const {
@@ -72,7 +59,6 @@ class PlacingLayout : public LayoutProvider {
   struct Popup {
     int width = 0, height = 0, offsetX = 0, offsetY = 0;
   };
-  std::map<int, LayoutBox> boxes;
   std::map<int, Popup> popups;
   std::string lastHtml;
   int layouts = 0;

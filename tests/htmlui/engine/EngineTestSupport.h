@@ -2,13 +2,43 @@
 // Small helpers for driving a DomEngine from tests: loading pages into
 // made-up windows, collecting selected elements, reading attributes and HTML.
 #include <cstdint>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "htmlui/engine/DomEngine.h"
+#include "htmlui/engine/LayoutProvider.h"
 #include "platform/Unicode.h"
 
 namespace kvt1::html::test {
+
+// A point as the pointer messages carry it in lParam.
+inline LPARAM at(int x, int y) {
+  return static_cast<LPARAM>((static_cast<unsigned>(y) << 16) | static_cast<unsigned>(x));
+}
+
+// Boxes given by the test; the point's deepest box wins (later nodes lie deeper).
+class BoxLayout : public LayoutProvider {
+ public:
+  bool layout(const std::string&, int) override { return true; }
+  std::optional<LayoutBox> box(int node) const override {
+    const auto found = boxes.find(node);
+    return found != boxes.end() ? std::optional<LayoutBox>(found->second) : std::nullopt;
+  }
+  int hitTest(int x, int y) const override {
+    int hit = -1;
+    for (const auto& [node, b] : boxes)
+      if (x >= b.x && y >= b.y && x < b.x + b.width && y < b.y + b.height) hit = node;
+    return hit;
+  }
+  int minWidth() const override { return 0; }
+  int maxWidth() const override { return 0; }
+  int contentHeight() const override { return 0; }
+  bool renderPng(const std::string&) const override { return false; }
+
+  std::map<int, LayoutBox> boxes;
+};
 
 inline HWND window(int n = 1) { return reinterpret_cast<HWND>(static_cast<std::uintptr_t>(0x1000 + n)); }
 

@@ -21,30 +21,6 @@ constexpr UINT kMouseMove = 0x0200;
 constexpr UINT kButtonDown = 0x0201;
 constexpr UINT kButtonUp = 0x0202;
 
-LPARAM at(int x, int y) { return static_cast<LPARAM>((static_cast<unsigned>(y) << 16) | static_cast<unsigned>(x)); }
-
-// Boxes given by the test; the point's deepest box wins (later nodes lie deeper).
-class BoxLayout : public LayoutProvider {
- public:
-  bool layout(const std::string&, int) override { return true; }
-  std::optional<LayoutBox> box(int node) const override {
-    const auto found = boxes.find(node);
-    return found != boxes.end() ? std::optional<LayoutBox>(found->second) : std::nullopt;
-  }
-  int hitTest(int x, int y) const override {
-    int hit = -1;
-    for (const auto& [node, b] : boxes)
-      if (x >= b.x && y >= b.y && x < b.x + b.width && y < b.y + b.height) hit = node;
-    return hit;
-  }
-  int minWidth() const override { return 0; }
-  int maxWidth() const override { return 0; }
-  int contentHeight() const override { return 0; }
-  bool renderPng(const std::string&) const override { return false; }
-
-  std::map<int, LayoutBox> boxes;
-};
-
 // The ids of the elements that took a click, as the bubbling phase reports
 // them, and of those whose timers ticked.
 class ClickLog : public htmlayout::event_handler {
