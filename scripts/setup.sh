@@ -48,7 +48,7 @@ native_packages=(
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   fp-utils
   libpugixml-dev libtinyxml2-dev libxml2-dev clang libclang-rt-14-dev
-  liblitehtml-dev libcairo2-dev libpango1.0-dev fonts-dejavu-core
+  libcairo2-dev libpango1.0-dev fonts-dejavu-core
 )
 mingw_packages=(
   g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64-x86-64
@@ -58,23 +58,100 @@ mingw_packages=(
 
 if [ "$native_only" -eq 1 ]; then
   apt_install "${native_packages[@]}"
+else
+  apt_install "${native_packages[@]}" "${mingw_packages[@]}"
+fi
+
+# litehtml, one version on every build, from Debian's own source archive: the
+# archive's pool is found through the machine's apt sources; a byte-identical
+# copy beside the repository (../shared/deps) serves a mirror that lacks it.
+litehtml_version=0.9
+litehtml_archive=litehtml_${litehtml_version}.orig.tar.gz
+litehtml_sha256=c7d2bff0a300961aec2dbc347a1f8211737addc20fcba95f1058bb8893867642
+litehtml_source=""
+
+apt_archive_uris() {
+  grep -hsE '^(URIs:|deb )' /etc/apt/sources.list.d/*.sources /etc/apt/sources.list.d/*.list /etc/apt/sources.list |
+    sed -E 's/^URIs:[[:space:]]*//; s/^deb[[:space:]]+(\[[^]]*\][[:space:]]+)?//; s/[[:space:]].*//' |
+    grep -v -- '-security' | sort -u
+}
+
+fetch_litehtml_archive() {
+  local work=$1 uri
+  for uri in $(apt_archive_uris); do
+    if curl -fsSL --max-time 120 -o "$work/$litehtml_archive" "${uri%/}/pool/main/l/litehtml/$litehtml_archive" &&
+      echo "$litehtml_sha256  $work/$litehtml_archive" | sha256sum -c --quiet - 2>/dev/null; then
+      return 0
+    fi
+  done
+  local copy
+  copy="$(cd "$(dirname "$0")/.." && pwd)/../shared/deps/$litehtml_archive"
+  if [ -f "$copy" ] && echo "$litehtml_sha256  $copy" | sha256sum -c --quiet - 2>/dev/null; then
+    log "litehtml archive taken from ../shared/deps"
+    cp "$copy" "$work/$litehtml_archive"
+    return 0
+  fi
+  log "litehtml $litehtml_version: no archive with the expected checksum"
+  return 1
+}
+
+litehtml_unpacked() {
+  [ -n "$litehtml_source" ] && return 0
+  litehtml_work=$(mktemp -d)
+  fetch_litehtml_archive "$litehtml_work" || exit 1
+  tar -xzf "$litehtml_work/$litehtml_archive" -C "$litehtml_work"
+  litehtml_source=$(find "$litehtml_work" -mindepth 1 -maxdepth 1 -type d | head -n 1)
+}
+
+# build_litehtml NAME [cmake options...]: a static library with gumbo into $deps_dir/NAME.
+build_litehtml() {
+  local name=$1
+  shift
+  local prefix="$deps_dir/$name"
+  local stamp="$prefix/.litehtml-$litehtml_version-$litehtml_sha256"
+  [ -f "$stamp" ] && return 0
+  litehtml_unpacked
+  log "building litehtml $litehtml_version for $name"
+  local build="$litehtml_work/build-$name"
+  cmake -S "$litehtml_source" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_INSTALL_PREFIX="$prefix" -DBUILD_SHARED_LIBS=OFF -DCMAKE_POSITION_INDEPENDENT_CODE=ON \
+    -DLITEHTML_BUILD_TESTING=OFF "$@" >/dev/null
+  cmake --build "$build" --parallel >/dev/null
+  "${sudo_cmd[@]}" cmake --install "$build" >/dev/null
+  "${sudo_cmd[@]}" touch "$stamp"
+}
+
+mingw_options() {
+  local triplet=$1
+  printf '%s\n' -DCMAKE_SYSTEM_NAME=Windows "-DCMAKE_C_COMPILER=$triplet-gcc-posix" \
+    "-DCMAKE_CXX_COMPILER=$triplet-g++-posix" "-DCMAKE_RC_COMPILER=$triplet-windres"
+}
+
+build_litehtml linux
+if [ "$native_only" -eq 0 ]; then
+  mapfile -t options < <(mingw_options x86_64-w64-mingw32)
+  build_litehtml x86_64-w64-mingw32 "${options[@]}"
+  mapfile -t options < <(mingw_options i686-w64-mingw32)
+  build_litehtml i686-w64-mingw32 "${options[@]}"
+fi
+[ -n "${litehtml_work:-}" ] && rm -rf "$litehtml_work"
+# An older litehtml from Debian's packages would shadow ours.
+if [ -z "$(missing_packages liblitehtml-dev)" ]; then
+  log "removing liblitehtml-dev (the build uses litehtml $litehtml_version from $deps_dir)"
+  DEBIAN_FRONTEND=noninteractive "${sudo_cmd[@]}" apt-get remove -y -qq liblitehtml-dev liblitehtml0 >/dev/null
+fi
+
+if [ "$native_only" -eq 1 ]; then
   log "done (Linux build dependencies)"
   exit 0
 fi
-apt_install "${native_packages[@]}" "${mingw_packages[@]}"
 
-# 32-bit Wine runs the i686 test binaries; its absence only skips those tests.
-if [ -n "$(missing_packages wine32:i386)" ]; then
-  if ! dpkg --print-foreign-architectures | grep -qx i386; then
-    "${sudo_cmd[@]}" dpkg --add-architecture i386
-    apt_updated=0
-  fi
-  apt_update
-  if DEBIAN_FRONTEND=noninteractive "${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends wine32:i386; then
-    log "wine32:i386 installed"
-  else
-    log "wine32:i386 could not be installed; the i686 tests will be skipped"
-  fi
+# 32-bit Wine is never kept: with it installed, Wine starts every program
+# through its 32-bit loader and the x86_64 runs fail too. The i686 build is
+# compiled and checked, not run.
+if [ -z "$(missing_packages wine32:i386)" ]; then
+  log "removing wine32:i386 (the x86_64 programs cannot run beside it)"
+  DEBIAN_FRONTEND=noninteractive "${sudo_cmd[@]}" apt-get remove -y -qq wine32:i386
 fi
 
 # jsoncpp for MinGW, from Debian's source package of libjsoncpp-dev.
