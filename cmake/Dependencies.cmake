@@ -1,5 +1,16 @@
 # Libraries taken from Debian's packages (natively) or from the MinGW sysroot
 # and the setup script's jsoncpp build (cross). Each is exposed as kvt1::<name>.
+# What the setup script builds from Debian's source packages (litehtml, and
+# jsoncpp for MinGW) lies in one folder per target; the MinGW toolchain
+# files add theirs to the find root.
+if(NOT CMAKE_CROSSCOMPILING)
+  set(KVT1_DEPS_DIR "$ENV{KVT1_DEPS_DIR}")
+  if(NOT KVT1_DEPS_DIR)
+    set(KVT1_DEPS_DIR /opt/kvt1-deps)
+  endif()
+  list(APPEND CMAKE_PREFIX_PATH ${KVT1_DEPS_DIR}/linux)
+endif()
+
 if(WIN32)
   # Windows binaries carry zlib inside, like their C and C++ runtimes.
   set(ZLIB_USE_STATIC_LIBS ON)

@@ -1,6 +1,7 @@
 #pragma once
 // Lays out and draws a serialised page for the DOM engine: geometry, hit tests
 // and pictures. The DOM stays with the engine; a provider sees only snapshots.
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -24,6 +25,10 @@ class LayoutProvider {
   virtual int contentHeight() const = 0;  // at the last layout width
   // Draws the last layout (width x contentHeight) into a PNG file.
   virtual bool renderPng(const std::string& path) const = 0;
+  // Draws the part area (page coordinates) of the last layout onto the
+  // system's drawing context (an HDC on Windows) whose origin is the page's
+  // top left; false when there is no layout.
+  virtual bool paint(std::uintptr_t context, const LayoutBox& area) const = 0;
 };
 
 }  // namespace kvt1::html
