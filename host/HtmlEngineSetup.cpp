@@ -1,32 +1,38 @@
 #include "host/HtmlEngineSetup.h"
 
-#include "htmlui/HTMEngine.h"
-#include "text/MessageDescription.h"
-
-#ifdef _WIN32
-#include "htmlui/engine/HtmlayoutLibrary.h"
-#else
-#include <dlfcn.h>
-
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "htmlui/HTMEngine.h"
 #include "htmlui/HTMPage.h"
 #include "htmlui/engine/DomEngine.h"
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
 #include "platform/Resources.h"
 #include "platform/Unicode.h"
+#include "text/MessageDescription.h"
+
+#ifdef _WIN32
+#include <chrono>
+
+#include "htmlui/engine/HtmlayoutLibrary.h"
+#else
+#include <dlfcn.h>
 #endif
 
 namespace kvt1 {
 namespace {
 
+// The library's DLL when it lies beside the module with every export the
+// dialogs need; it exists for Windows only.
 #ifdef _WIN32
-std::unique_ptr<html::HtmlEngine> makeEngine(const platform::DynamicLibrary& library, void*) {
+std::unique_ptr<html::HtmlEngine> libraryEngine(const platform::DynamicLibrary& library) {
   return html::loadHtmlayout(library);
 }
 #else
+std::unique_ptr<html::HtmlEngine> libraryEngine(const platform::DynamicLibrary&) { return nullptr; }
+#endif
+
 // Pictures named in a page come from the resources, as the dialogs' other
 // resource requests do: "IMG_X.IMAGES" is the resource IMG_X of type IMAGES.
 std::vector<unsigned char> pictureResource(void* resources, const std::string& url) {
@@ -36,28 +42,39 @@ std::vector<unsigned char> pictureResource(void* resources, const std::string& u
   return std::vector<unsigned char>(data->bytes, data->bytes + data->size);
 }
 
+#ifndef _WIN32
 // Pango starts fontconfig on a thread of its own and registers its types
 // with GObject for the life of the process: once the module has used them,
 // the font libraries stay loaded when the module is unloaded, or that thread
 // would run in unmapped code and a later load would register the types twice.
 void keepFontLibrariesLoaded() { dlopen("libpangocairo-1.0.so.0", RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE); }
+#endif
 
-std::unique_ptr<html::HtmlEngine> makeEngine(const platform::DynamicLibrary&, void* resources) {
+std::unique_ptr<html::HtmlEngine> domEngine(void* resources) {
+#ifndef _WIN32
   keepFontLibrariesLoaded();
+#endif
   auto layout = std::make_unique<html::LitehtmlLayout>();
   layout->setImageLoader([resources](const std::string& url) { return pictureResource(resources, url); });
   auto engine = std::make_unique<html::DomEngine>();
   engine->setLayoutProvider(std::move(layout));
+#ifdef _WIN32
+  // Real windows live in real time; the headless desktop's director moves
+  // the engine's clock itself.
+  engine->setClock([] {
+    using namespace std::chrono;
+    return static_cast<std::uint64_t>(duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
+  });
+#endif
   return engine;
 }
-#endif
 
 }  // namespace
 
 void HtmlEngineSetup::start(const platform::DynamicLibrary& library, void* resources) {
   stop();
-  m_engine = makeEngine(library, resources);
-  if (!m_engine) return;
+  m_engine = libraryEngine(library);
+  if (!m_engine) m_engine = domEngine(resources);
   SetHtmlEngine(m_engine.get());
   NTxtRes::SetMsgHandler(&m_messages);
 }

@@ -1,9 +1,9 @@
 #pragma once
 // The HTML engine of the module's dialogs, made at initialisation and undone
-// at unload: on Windows the binding of htmlayout.dll (none when the library or
-// an export the dialogs cannot do without is missing: dialogs then fail to
-// open), elsewhere our DOM engine drawn by litehtml. While there is an engine
-// it is the current one, and messages are shown as HTML dialogs.
+// at unload: the binding of htmlayout.dll when that library lies beside the
+// module with every export the dialogs need (Windows only); otherwise our DOM
+// engine, laid out and drawn by litehtml. While there is an engine it is the
+// current one, and messages are shown as HTML dialogs.
 #include <memory>
 
 #include "htmlui/CHTMMessageDialog.h"

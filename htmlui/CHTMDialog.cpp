@@ -234,6 +234,8 @@ std::intptr_t CHTMDialog::onMessage(HWND window, unsigned message, std::uintptr_
       InitWindow();
       return 1;
     case WM_TIMER:
+      // The engine's own timers are the engine's.
+      if (EngineHandles(window, message, wParam, lParam)) return 0;
       if (wParam == kDialogTimerId && m_timerOn) {
         FocusOnHover();
       } else {
@@ -251,13 +253,19 @@ std::intptr_t CHTMDialog::onMessage(HWND window, unsigned message, std::uintptr_
     default:
       break;
   }
-  handled = false;
-  html::HtmlEngine* engine = GetHtmlEngine();
-  if (engine == nullptr) return 0;
-  BOOL engineHandled = FALSE;
-  const LRESULT result = engine->ProcND(window, message, wParam, lParam, &engineHandled);
-  handled = engineHandled != FALSE;
+  std::intptr_t result = 0;
+  handled = EngineHandles(window, message, wParam, lParam, &result);
   return result;
+}
+
+bool CHTMDialog::EngineHandles(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam,
+                               std::intptr_t* result) {
+  html::HtmlEngine* engine = GetHtmlEngine();
+  if (engine == nullptr) return false;
+  BOOL handled = FALSE;
+  const LRESULT answer = engine->ProcND(window, message, wParam, lParam, &handled);
+  if (result != nullptr) *result = answer;
+  return handled != FALSE;
 }
 
 BOOL CHTMDialog::handle_event(HELEMENT he, BEHAVIOR_EVENT_PARAMS& params) {

@@ -154,6 +154,9 @@ class CHTMDialog : public htmlayout::event_handler,
   bool ChooseFromContextMenu(const CHTMElement& item);
   std::intptr_t onMessage(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam,
                           bool& handled) override;
+  // Offers a message to the engine's window procedure; true when it answered (result: its answer).
+  bool EngineHandles(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam,
+                     std::intptr_t* result = nullptr);
 
   bool m_dontMonitor = false;
   HWND m_hwnd = nullptr;

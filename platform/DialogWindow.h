@@ -4,6 +4,7 @@
 // (platform/posix/HeadlessDesktop.h), which scripts and tests drive.
 // Windows belong to the thread that made them: call all of this from one thread.
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #ifdef _WIN32
@@ -19,6 +20,7 @@ typedef struct HWND__* HWND;
 #define WM_SETFOCUS 0x0007
 #define WM_KILLFOCUS 0x0008
 #define WM_PAINT 0x000F
+#define WM_ERASEBKGND 0x0014
 #define WM_CLOSE 0x0010
 #define WM_QUIT 0x0012
 #define WM_SETICON 0x0080
@@ -33,6 +35,7 @@ typedef struct HWND__* HWND;
 #define WM_LBUTTONUP 0x0202
 #define WM_RBUTTONDOWN 0x0204
 #define WM_RBUTTONUP 0x0205
+#define WM_MOUSELEAVE 0x02A3
 #define WM_USER 0x0400
 #endif
 #endif
@@ -144,6 +147,19 @@ HWND windowFromPoint(WindowPoint screen);
 HWND focusWindow();
 // Gives the window the keyboard focus (null: no window); returns the window that had it.
 HWND setFocusWindow(HWND window);
+
+// Asks for the window's client area to be painted again (WM_PAINT once the
+// thread has nothing else to do); nothing on the headless desktop, which
+// draws no windows.
+void invalidateWindow(HWND window);
+// Answers WM_PAINT without flicker: draw gets the drawing context of a back
+// buffer the size of the client area (an HDC on Windows) and the part to
+// draw, in client coordinates; that part is then copied onto the window in
+// one step. False where windows are not drawn (the headless desktop).
+using PaintProcedure = std::function<void(std::uintptr_t context, const WindowRect& area)>;
+bool paintWindow(HWND window, const PaintProcedure& draw);
+// Asks for one WM_MOUSELEAVE when the pointer next leaves the window.
+void trackMouseLeave(HWND window);
 
 // Waits for the next message of this thread, translates and dispatches it;
 // false on WM_QUIT. Headless, waiting runs the desktop's idle script, and

@@ -185,6 +185,7 @@ BOOL DomEngine::LoadHtmlEx(HWND hwnd, LPCBYTE html, UINT htmlSize, LPCWSTR baseU
   view.importedStyles.clear();
   view.baseUrl = baseUrl != nullptr ? baseUrl : L"";
   installPage(view, parseHtml(decodePageBytes(html, htmlSize), tree_));
+  startClock(view);
   Element* root = tree_.find(view.root);
   initialStates(*root);
   changed();
@@ -215,6 +216,11 @@ LRESULT DomEngine::ProcND(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam, BOO
   if (msg == kWmNcDestroy) {
     closeView(hwnd);
     return 0;
+  }
+  LRESULT answer = 0;
+  if (answerWindow(hwnd, msg, wParam, answer)) {
+    if (pbHandled != nullptr) *pbHandled = TRUE;
+    return answer;
   }
   bool handled = false;
   const LRESULT result = answerInput(*this, hwnd, msg, wParam, lParam, handled);

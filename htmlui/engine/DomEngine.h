@@ -153,6 +153,11 @@ class DomEngine : public HtmlEngine {
   // Drops a view (its window is gone); elements in use stay valid, detached.
   void closeView(HWND hwnd);
 
+  // Real time (DomEngineWindow.cpp): with a clock (milliseconds, steady),
+  // each view's window gets a timer that moves the engine's clock on as
+  // time passes; without one, only tick() does.
+  void setClock(std::function<std::uint64_t()> milliseconds);
+
  private:
   struct View {
     HWND hwnd = nullptr;
@@ -174,6 +179,9 @@ class DomEngine : public HtmlEngine {
     std::uint32_t hover = 0;
     std::uint64_t hoverSince = 0;  // engine time of the last hover change
     bool hoverRestReported = false;
+    bool pointerTracked = false;  // a WM_MOUSELEAVE is asked for
+    bool clockRunning = false;
+    std::uint64_t clockRead = 0;  // the clock when the view's time last moved on
   };
   struct Timer {
     std::uint32_t element = 0;
@@ -204,7 +212,8 @@ class DomEngine : public HtmlEngine {
   View* viewOf(const Element& e);
   View* findView(HWND hwnd);
   View& ensureView(HWND hwnd);
-  void changed() { ++generation_; }
+  // Counts a change and asks the views' windows to be painted again, once until they are.
+  void changed();
   // Every element of top's tree in document order, with the copies that
   // selectors read; rebuilt after any change of structure or attributes.
   const std::vector<OrderEntry>& documentOrder(Element& top);
@@ -231,6 +240,11 @@ class DomEngine : public HtmlEngine {
   bool dispatch(Element& target, UINT group, UINT* cmd, void* params);
   bool sendBehaviorEvent(Element& target, UINT code, Element* source, UINT_PTR reason);
   void initialize(LPELEMENT_EVENT_PROC proc, LPVOID tag, HELEMENT he, UINT cmd);
+
+  // The messages of a real window (DomEngineWindow.cpp): painting, the
+  // pointer leaving, the real-time clock. True when the message was answered.
+  bool answerWindow(HWND hwnd, UINT msg, WPARAM wParam, LRESULT& result);
+  void startClock(View& view);
 
   // Text editing of inputs and text areas (DomEngineEditing.cpp): what a key
   // that no handler took does to the focused element, and "selectAll".
@@ -276,7 +290,9 @@ class DomEngine : public HtmlEngine {
   std::unique_ptr<LayoutProvider> layout_;
   HWND laidOutView_ = nullptr;
   POINT contextPoint_{0, 0};
-  std::set<std::uint32_t> selectedAll_;  // editable elements whose whole text is selected
+  std::set<std::uint32_t> selectedAll_;
+  std::function<std::uint64_t()> clock_;
+  bool repaintAsked_ = false;  // editable elements whose whole text is selected
 };
 
 }  // namespace kvt1::html

@@ -165,6 +165,11 @@ HWND windowFromPoint(WindowPoint screen) { return desktop().windowAt(screen); }
 HWND focusWindow() { return desktop().focus(); }
 HWND setFocusWindow(HWND window) { return desktop().setFocus(window); }
 
+void invalidateWindow(HWND) {}
+bool paintWindow(HWND, const PaintProcedure&) { return false; }
+// The desktop's pointer never leaves a window unannounced: hovers say where it goes.
+void trackMouseLeave(HWND) {}
+
 bool pumpMessage() { return desktop().pumpMessage(); }
 void pumpPendingMessages() { desktop().pumpPendingMessages(); }
 

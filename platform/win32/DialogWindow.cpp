@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
+#include "platform/HeadlessHost.h"
 #include "platform/ThisModule.h"
 
 namespace kvt1::platform {
@@ -47,8 +50,12 @@ HWND createDialogWindow(HWND owner, std::uint32_t style, std::uint32_t exStyle, 
   EmptyDialogTemplate dialogTemplate = {};
   dialogTemplate.dialog.style = style;
   dialogTemplate.dialog.dwExtendedStyle = exStyle;
-  return CreateDialogIndirectParamW(static_cast<HINSTANCE>(thisModuleHandle()), &dialogTemplate.dialog, owner,
-                                    dialogProcedure, reinterpret_cast<LPARAM>(procedure));
+  HWND window = CreateDialogIndirectParamW(static_cast<HINSTANCE>(thisModuleHandle()), &dialogTemplate.dialog, owner,
+                                           dialogProcedure, reinterpret_cast<LPARAM>(procedure));
+  static const auto created =
+      reinterpret_cast<Kvt1HeadlessWindowCreatedFn>(mainProgramSymbol(KVT1_HEADLESS_WINDOW_CREATED));
+  if (window != nullptr && created != nullptr) created(window);
+  return window;
 }
 
 bool destroyWindow(HWND window) { return DestroyWindow(window) != FALSE; }
@@ -169,8 +176,52 @@ HWND windowFromPoint(WindowPoint screen) { return WindowFromPoint(POINT{screen.x
 HWND focusWindow() { return GetFocus(); }
 HWND setFocusWindow(HWND window) { return SetFocus(window); }
 
+void invalidateWindow(HWND window) { InvalidateRect(window, nullptr, FALSE); }
+
+bool paintWindow(HWND window, const PaintProcedure& draw) {
+  PAINTSTRUCT paint;
+  HDC target = BeginPaint(window, &paint);
+  if (target == nullptr) return false;
+  RECT client = {};
+  GetClientRect(window, &client);
+  // A 32-bit top-down DIB, so that drawing libraries that blend (GDI+) work on its pixels directly.
+  BITMAPINFO info = {};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = std::max<LONG>(client.right, 1);
+  info.bmiHeader.biHeight = -std::max<LONG>(client.bottom, 1);
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  void* bits = nullptr;
+  HDC buffer = CreateCompatibleDC(target);
+  HBITMAP bitmap = CreateDIBSection(target, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+  if (buffer != nullptr && bitmap != nullptr) {
+    HGDIOBJ previous = SelectObject(buffer, bitmap);
+    const RECT& area = paint.rcPaint;
+    draw(reinterpret_cast<std::uintptr_t>(buffer), fromRect(area));
+    GdiFlush();
+    BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top, buffer, area.left, area.top,
+           SRCCOPY);
+    SelectObject(buffer, previous);
+  }
+  if (bitmap != nullptr) DeleteObject(bitmap);
+  if (buffer != nullptr) DeleteDC(buffer);
+  EndPaint(window, &paint);
+  return true;
+}
+
+void trackMouseLeave(HWND window) {
+  TRACKMOUSEEVENT track = {};
+  track.cbSize = sizeof track;
+  track.dwFlags = TME_LEAVE;
+  track.hwndTrack = window;
+  TrackMouseEvent(&track);
+}
+
 bool pumpMessage() {
   MSG message;
+  static const auto idle = reinterpret_cast<Kvt1HeadlessIdleFn>(mainProgramSymbol(KVT1_HEADLESS_IDLE));
+  if (idle != nullptr && !PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) idle();
   const BOOL got = GetMessageW(&message, nullptr, 0, 0);
   if (got == 0 || got == -1) return false;
   TranslateMessage(&message);

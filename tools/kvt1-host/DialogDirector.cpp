@@ -1,6 +1,11 @@
 #include "tools/kvt1-host/DialogDirector.h"
 
+#include <cstdint>
 #include <filesystem>
+
+#include "htmlui/engine/AutomationMessages.h"
+#include "platform/DialogWindow.h"
+#include "platform/WideFormat.h"
 
 namespace kvt1::emu {
 namespace {
@@ -33,6 +38,125 @@ DialogDirector::~DialogDirector() {
 }
 
 DialogDirector* DialogDirector::current() { return g_current; }
+
+namespace {
+
+// A window title as part of a file name: other characters than letters,
+// digits, "-", "_", "." and inner blanks become "_".
+std::wstring fileNamePart(const std::wstring& title) {
+  std::wstring name;
+  for (wchar_t c : title) {
+    const bool plain = (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') ||
+                       c == L'-' || c == L'_' || c == L'.' || c == L' ';
+    name += plain ? c : L'_';
+  }
+  const std::size_t first = name.find_first_not_of(L' ');
+  if (first == std::wstring::npos) return L"dialog";
+  return name.substr(first, name.find_last_not_of(L' ') - first + 1);
+}
+
+std::wstring at(int x, int y) { return platform::formatWide(L" at (%d,%d)", x, y); }
+
+}  // namespace
+
+std::wstring DialogDirector::label(HWND dialog) const { return L"dialog [" + title(dialog) + L"]"; }
+
+void DialogDirector::onCreated(HWND window) {
+  if (!isTopLevelDialog(window)) return;
+  print_(label(window) + L": opened\n");
+  if (!renderFolder_.empty()) render(window, fileNamePart(title(window)), renderLine_);
+}
+
+void DialogDirector::render(HWND window, const std::wstring& name, int line) {
+  const std::wstring path = renderFolder_ + L"/" + std::to_wstring(++rendered_) + L"-" + name + L".png";
+  if (platform::sendMessage(window, html::kWmAutomationRender, 0, reinterpret_cast<std::intptr_t>(path.c_str())) ==
+      1) {
+    print_(L"rendered: " + path + L"\n");
+  } else {
+    fault_(line, L"cannot render " + label(window) + L" to " + path);
+  }
+}
+
+void DialogDirector::onIdle() {
+  const HWND dialog = waitingDialog();
+  if (dialog == nullptr) return;
+  while (!pending_.empty()) {
+    switch (play(pending_.front(), dialog)) {
+      case Outcome::Playing:
+        return;
+      case Outcome::Played:
+        pending_.pop_front();
+        return;
+      case Outcome::Passed:
+        pending_.pop_front();
+        break;
+    }
+  }
+  const bool first = unanswered_.insert(dialog).second;
+  if (first) print_(label(dialog) + L": closed unanswered\n");
+  closeUnanswered(dialog, !first);
+}
+
+DialogDirector::Outcome DialogDirector::play(DialogDirective& directive, HWND dialog) {
+  switch (directive.kind) {
+    case DialogDirective::Kind::Click:
+    case DialogDirective::Kind::RightClick:
+    case DialogDirective::Kind::Hover:
+      return pointAtElement(directive, L"[id='" + directive.argument + L"']", dialog);
+    case DialogDirective::Kind::ClickSelector:
+      return pointAtElement(directive, directive.argument, dialog);
+    case DialogDirective::Kind::Answer:
+      return pointAtElement(directive, L"[name='" + directive.argument + L"']", dialog);
+    case DialogDirective::Kind::ClickAt:
+      print_(label(dialog) + L": click" + at(directive.x, directive.y) + L"\n");
+      point(dialog, directive.x, directive.y, Pointer::Click);
+      return Outcome::Played;
+    case DialogDirective::Kind::Key:
+      print_(label(dialog) + L": " + directive.text + L"\n");
+      platform::postMessage(dialog, WM_KEYDOWN, directive.keyCode, 0);
+      platform::postMessage(dialog, WM_KEYUP, directive.keyCode, 0);
+      return Outcome::Played;
+    case DialogDirective::Kind::Type:
+      print_(label(dialog) + L": " + directive.text + L"\n");
+      for (const wchar_t c : directive.argument) platform::postMessage(dialog, WM_CHAR, static_cast<std::uintptr_t>(c), 0);
+      return Outcome::Played;
+    case DialogDirective::Kind::Wait:
+      return wait(directive, dialog);
+    case DialogDirective::Kind::Snapshot:
+      if (renderFolder_.empty()) {
+        fault_(directive.line, L"@" + directive.text + L": no render folder (@render DIR or --render DIR)");
+      } else {
+        render(dialog, fileNamePart(directive.argument), directive.line);
+      }
+      return Outcome::Passed;
+    case DialogDirective::Kind::Render:
+      break;
+  }
+  return Outcome::Passed;
+}
+
+DialogDirector::Outcome DialogDirector::pointAtElement(const DialogDirective& directive, const std::wstring& selector,
+                                                       HWND dialog) {
+  html::AutomationQuery query;
+  query.selector = selector.c_str();
+  if (platform::sendMessage(dialog, html::kWmAutomationLocate, 0, reinterpret_cast<std::intptr_t>(&query)) != 1) {
+    fault_(directive.line, L"@" + directive.text + L": nothing matches " + selector + L" in " + label(dialog));
+    return Outcome::Passed;
+  }
+  if (!query.visible) {
+    fault_(directive.line, L"@" + directive.text + L": " + selector + L" is not visible in " + label(dialog));
+    return Outcome::Passed;
+  }
+  const int x = (query.rect.left + query.rect.right) / 2;
+  const int y = (query.rect.top + query.rect.bottom) / 2;
+  print_(label(dialog) + L": " + directive.text + at(x, y) + L"\n");
+  const Pointer pointer = directive.kind == DialogDirective::Kind::Hover        ? Pointer::Hover
+                          : directive.kind == DialogDirective::Kind::RightClick ? Pointer::RightClick
+                                                                                : Pointer::Click;
+  point(dialog, x, y, pointer);
+  return Outcome::Played;
+}
+
 
 void DialogDirector::add(DialogDirective directive) {
   if (directive.kind == DialogDirective::Kind::Render) {

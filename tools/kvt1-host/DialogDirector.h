@@ -1,13 +1,15 @@
 #pragma once
 // Plays the script's dialog directives as a user would. Directives wait in
-// order until a dialog of the module waits for its user (the desktop's idle
-// moment), then each is played on the newest dialog: clicks and hovers go to
-// the elements' places as real pointer input, keys and typed characters as
-// key messages, waits move the desktop's clock.
-// When nothing is left to play, the desktop closes the dialog unanswered.
-// Message boxes take a waiting @answer. Every dialog that opens is drawn into
-// the render folder, once one is set. Without a headless desktop (Windows)
-// no dialog is played: what waits is reported as unplayed after the call.
+// order until a dialog of the module waits for its user (the idle moment of
+// its modal loop), then each is played on the newest dialog: clicks and
+// hovers go to the elements' places as pointer messages, keys and typed
+// characters as key messages, waits let time pass. When nothing is left to
+// play, the dialog is closed unanswered. Message boxes take a waiting
+// @answer. Every dialog that opens is drawn into the render folder, once one
+// is set. The dialogs are the headless desktop's windows on Linux and real
+// windows on Windows; DialogDirectorDesktop.cpp and DialogDirectorWindows.cpp
+// hold what differs.
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -48,9 +50,8 @@ class DialogDirector {
   // Played: done, and the dialog has input to handle; Playing: not done yet,
   // the dialog has input; Passed: done (or failed) without input, go on.
   enum class Outcome { Played, Playing, Passed };
+  enum class Pointer { Click, RightClick, Hover };
 
-  void attach();
-  void detach();
   void onIdle();
   void onCreated(HWND window);
   // Draws the window into the render folder as N-NAME.png.
@@ -58,8 +59,21 @@ class DialogDirector {
   Outcome play(DialogDirective& directive, HWND dialog);
   // Clicks, right-clicks or hovers the middle of the element that the selector finds.
   Outcome pointAtElement(const DialogDirective& directive, const std::wstring& selector, HWND dialog);
-  Outcome wait(DialogDirective& directive, HWND dialog);
   std::wstring label(HWND dialog) const;
+
+  // What differs per system.
+  void attach();
+  void detach();
+  // The dialog a user would answer now: the newest enabled top-level dialog window.
+  static HWND waitingDialog();
+  static std::wstring title(HWND dialog);
+  static bool isTopLevelDialog(HWND window);
+  // Pointer input at a point of the dialog's client area.
+  static void point(HWND dialog, int x, int y, Pointer pointer);
+  // Lets time pass for a @wait, at most until the next timer falls due.
+  Outcome wait(DialogDirective& directive, HWND dialog);
+  // Nothing is left to play: the dialog is closed; again: it was asked before and is still there.
+  static void closeUnanswered(HWND dialog, bool again);
 
   Print print_;
   Fault fault_;
@@ -68,6 +82,7 @@ class DialogDirector {
   int renderLine_ = 0;
   int rendered_ = 0;
   bool waitAnnounced_ = false;  // the @wait first in line has been printed
+  std::uint64_t waitUntil_ = 0;  // with real time: when that @wait ends
   std::set<HWND> unanswered_;
 };
 
