@@ -10,9 +10,6 @@
 namespace kvt1::html {
 namespace {
 
-// Extent that stands for "unclipped" along an axis.
-constexpr int kUnbounded = 1 << 24;
-
 cairo_t* cairoOf(litehtml::uint_ptr hdc) { return reinterpret_cast<cairo_t*>(hdc); }
 
 std::string takeGlibString(gchar* text) {
@@ -31,21 +28,46 @@ std::string capitalized(const std::string& text) {
 
 }  // namespace
 
-litehtml::uint_ptr CairoContainer::create_font(const litehtml::tchar_t* faceName, int size, int weight,
+std::unique_ptr<PageContainer> makePageContainer() { return std::make_unique<CairoContainer>(); }
+
+bool CairoContainer::paint(litehtml::document& document, std::uintptr_t context, const litehtml::position& area) {
+  cairo_t* cr = reinterpret_cast<cairo_t*>(context);
+  if (!cr || cairo_status(cr) != CAIRO_STATUS_SUCCESS) return false;
+  cairo_save(cr);
+  cairo_rectangle(cr, area.x, area.y, area.width, area.height);
+  cairo_clip(cr);
+  setColor(cr, litehtml::web_color(kDialogGrey, kDialogGrey, kDialogGrey));
+  cairo_paint(cr);
+  clips_.clear();
+  document.draw(reinterpret_cast<litehtml::uint_ptr>(cr), 0, 0, &area);
+  cairo_restore(cr);
+  return true;
+}
+
+bool CairoContainer::renderPng(litehtml::document& document, int width, int height, const std::string& path) {
+  if (width <= 0 || height <= 0) return false;
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
+  cairo_t* cr = cairo_create(surface);
+  const bool drawn = paint(document, reinterpret_cast<std::uintptr_t>(cr), litehtml::position(0, 0, width, height));
+  cairo_destroy(cr);
+  const bool written = drawn && cairo_surface_write_to_png(surface, path.c_str()) == CAIRO_STATUS_SUCCESS;
+  cairo_surface_destroy(surface);
+  return written;
+}
+
+litehtml::uint_ptr CairoContainer::create_font(const char* faceName, int size, int weight,
                                                litehtml::font_style italic, unsigned int decoration,
                                                litehtml::font_metrics* fm) {
-  return fonts_.create(faceName ? faceName : kDefaultFontName, size, weight, italic == litehtml::fontStyleItalic,
+  return fonts_.create(faceName ? faceName : kDefaultFontName, size, weight, italic == litehtml::font_style_italic,
                        decoration, fm);
 }
 
 // Fonts stay cached in fonts_ for the next layout of the page.
 void CairoContainer::delete_font(litehtml::uint_ptr) {}
 
-int CairoContainer::text_width(const litehtml::tchar_t* text, litehtml::uint_ptr font) {
-  return fonts_.textWidth(text, font);
-}
+int CairoContainer::text_width(const char* text, litehtml::uint_ptr font) { return fonts_.textWidth(text, font); }
 
-void CairoContainer::draw_text(litehtml::uint_ptr hdc, const litehtml::tchar_t* text, litehtml::uint_ptr font,
+void CairoContainer::draw_text(litehtml::uint_ptr hdc, const char* text, litehtml::uint_ptr font,
                                litehtml::web_color color, const litehtml::position& pos) {
   cairo_t* cr = cairoOf(hdc);
   beginDrawing(cr);
@@ -54,22 +76,15 @@ void CairoContainer::draw_text(litehtml::uint_ptr hdc, const litehtml::tchar_t* 
   cairo_restore(cr);
 }
 
-int CairoContainer::pt_to_px(int pt) const { return static_cast<int>(std::lround(pt * 96.0 / 72.0)); }
-
-int CairoContainer::get_default_font_size() const { return kDefaultFontSize; }
-
-const litehtml::tchar_t* CairoContainer::get_default_font_name() const { return kDefaultFontName; }
-
 void CairoContainer::draw_list_marker(litehtml::uint_ptr hdc, const litehtml::list_marker& marker) {
   cairo_t* cr = cairoOf(hdc);
+  beginDrawing(cr);
   if (!marker.image.empty()) {
-    beginDrawing(cr);
     drawImage(cr, marker.image, marker.pos);
     cairo_restore(cr);
     return;
   }
   const litehtml::position& box = marker.pos;
-  beginDrawing(cr);
   setColor(cr, marker.color);
   switch (marker.marker_type) {
     case litehtml::list_style_type_circle:
@@ -93,48 +108,57 @@ void CairoContainer::draw_list_marker(litehtml::uint_ptr hdc, const litehtml::li
   cairo_restore(cr);
 }
 
-void CairoContainer::load_image(const litehtml::tchar_t* src, const litehtml::tchar_t*, bool) {
+void CairoContainer::load_image(const char* src, const char*, bool) {
   if (src) images_.load(src);
 }
 
-void CairoContainer::get_image_size(const litehtml::tchar_t* src, const litehtml::tchar_t*, litehtml::size& sz) {
+void CairoContainer::get_image_size(const char* src, const char*, litehtml::size& sz) {
   sz = src ? images_.size(src) : litehtml::size();
 }
 
-void CairoContainer::draw_background(litehtml::uint_ptr hdc, const litehtml::background_paint& bg) {
+// Layers come nearest first; the colour belongs to the farthest, drawn first.
+void CairoContainer::draw_background(litehtml::uint_ptr hdc, const std::vector<litehtml::background_paint>& layers) {
   cairo_t* cr = cairoOf(hdc);
+  for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
+    drawLayer(cr, *layer, layer == layers.rbegin());
+  }
+}
+
+void CairoContainer::drawLayer(cairo_t* cr, const litehtml::background_paint& layer, bool withColour) const {
+  cairo_surface_t* image = layer.image.empty() ? nullptr : images_.surface(layer.image);
+  const bool hasImage = image && layer.image_size.width > 0 && layer.image_size.height > 0;
+  if (!hasImage && !(withColour && layer.color.alpha > 0)) return;
   beginDrawing(cr);
-  addRoundedRectangle(cr, bg.border_box, bg.border_radius);
+  addRoundedRectangle(cr, layer.border_box, layer.border_radius);
   cairo_clip(cr);
-  cairo_rectangle(cr, bg.clip_box.x, bg.clip_box.y, bg.clip_box.width, bg.clip_box.height);
+  const litehtml::position& clip = layer.clip_box;
+  cairo_rectangle(cr, clip.x, clip.y, clip.width, clip.height);
   cairo_clip(cr);
-  if (bg.color.alpha > 0) {
-    setColor(cr, bg.color);
+  if (withColour && layer.color.alpha > 0) {
+    setColor(cr, layer.color);
     cairo_paint(cr);
   }
-  cairo_surface_t* image = bg.image.empty() ? nullptr : images_.surface(bg.image);
-  if (image && bg.image_size.width > 0 && bg.image_size.height > 0) {
+  if (hasImage) {
     cairo_pattern_t* pattern = cairo_pattern_create_for_surface(image);
     cairo_matrix_t matrix;
-    cairo_matrix_init_scale(&matrix, double(cairo_image_surface_get_width(image)) / bg.image_size.width,
-                            double(cairo_image_surface_get_height(image)) / bg.image_size.height);
-    cairo_matrix_translate(&matrix, -bg.position_x, -bg.position_y);
+    cairo_matrix_init_scale(&matrix, double(cairo_image_surface_get_width(image)) / layer.image_size.width,
+                            double(cairo_image_surface_get_height(image)) / layer.image_size.height);
+    cairo_matrix_translate(&matrix, -layer.position_x, -layer.position_y);
     cairo_pattern_set_matrix(pattern, &matrix);
-    cairo_pattern_set_extend(pattern, bg.repeat == litehtml::background_repeat_no_repeat ? CAIRO_EXTEND_NONE
-                                                                                         : CAIRO_EXTEND_REPEAT);
-    const litehtml::position& clip = bg.clip_box;
-    switch (bg.repeat) {
+    cairo_pattern_set_extend(pattern, layer.repeat == litehtml::background_repeat_no_repeat ? CAIRO_EXTEND_NONE
+                                                                                            : CAIRO_EXTEND_REPEAT);
+    switch (layer.repeat) {
       case litehtml::background_repeat_repeat:
         cairo_rectangle(cr, clip.x, clip.y, clip.width, clip.height);
         break;
       case litehtml::background_repeat_repeat_x:
-        cairo_rectangle(cr, clip.x, bg.position_y, clip.width, bg.image_size.height);
+        cairo_rectangle(cr, clip.x, layer.position_y, clip.width, layer.image_size.height);
         break;
       case litehtml::background_repeat_repeat_y:
-        cairo_rectangle(cr, bg.position_x, clip.y, bg.image_size.width, clip.height);
+        cairo_rectangle(cr, layer.position_x, clip.y, layer.image_size.width, clip.height);
         break;
       case litehtml::background_repeat_no_repeat:
-        cairo_rectangle(cr, bg.position_x, bg.position_y, bg.image_size.width, bg.image_size.height);
+        cairo_rectangle(cr, layer.position_x, layer.position_y, layer.image_size.width, layer.image_size.height);
         break;
     }
     cairo_set_source(cr, pattern);
@@ -152,15 +176,7 @@ void CairoContainer::draw_borders(litehtml::uint_ptr hdc, const litehtml::border
   cairo_restore(cr);
 }
 
-// A dialog page has no caption, base URL, links or cursor of its own: the
-// DOM engine handles those on its side of the snapshot.
-void CairoContainer::set_caption(const litehtml::tchar_t*) {}
-void CairoContainer::set_base_url(const litehtml::tchar_t*) {}
-void CairoContainer::link(const std::shared_ptr<litehtml::document>&, const litehtml::element::ptr&) {}
-void CairoContainer::on_anchor_click(const litehtml::tchar_t*, const litehtml::element::ptr&) {}
-void CairoContainer::set_cursor(const litehtml::tchar_t*) {}
-
-void CairoContainer::transform_text(litehtml::tstring& text, litehtml::text_transform tt) {
+void CairoContainer::transform_text(litehtml::string& text, litehtml::text_transform tt) {
   if (!g_utf8_validate(text.c_str(), -1, nullptr)) return;
   switch (tt) {
     case litehtml::text_transform_uppercase:
@@ -177,48 +193,12 @@ void CairoContainer::transform_text(litehtml::tstring& text, litehtml::text_tran
   }
 }
 
-// The engine inlines imported style sheets into the snapshot.
-void CairoContainer::import_css(litehtml::tstring&, const litehtml::tstring&, litehtml::tstring&) {}
-
-void CairoContainer::set_clip(const litehtml::position& pos, const litehtml::border_radiuses& radius, bool validX,
-                              bool validY) {
-  Clip clip{pos, radius};
-  if (!validX) {
-    clip.box.x = -kUnbounded;
-    clip.box.width = 2 * kUnbounded;
-  }
-  if (!validY) {
-    clip.box.y = -kUnbounded;
-    clip.box.height = 2 * kUnbounded;
-  }
-  clips_.push_back(clip);
+void CairoContainer::set_clip(const litehtml::position& pos, const litehtml::border_radiuses& radius) {
+  clips_.push_back({pos, radius});
 }
 
 void CairoContainer::del_clip() {
   if (!clips_.empty()) clips_.pop_back();
-}
-
-void CairoContainer::get_client_rect(litehtml::position& client) const { client = viewport_; }
-
-std::shared_ptr<litehtml::element> CairoContainer::create_element(const litehtml::tchar_t*,
-                                                                  const litehtml::string_map&,
-                                                                  const std::shared_ptr<litehtml::document>&) {
-  return nullptr;
-}
-
-void CairoContainer::get_media_features(litehtml::media_features& media) const {
-  media.type = litehtml::media_type_screen;
-  media.width = media.device_width = viewport_.width;
-  media.height = media.device_height = viewport_.height;
-  media.color = 8;
-  media.monochrome = 0;
-  media.color_index = 256;
-  media.resolution = 96;
-}
-
-void CairoContainer::get_language(litehtml::tstring& language, litehtml::tstring& culture) const {
-  language = "en";
-  culture.clear();
 }
 
 void CairoContainer::beginDrawing(cairo_t* cr) const {

@@ -129,9 +129,8 @@ popup.LimitsTextPanel .LimitRow > div { display: inline-block; margin-left: 4px;
 .tabs > .ScrollButtonsContainer { position: absolute; top: 0; right: 0; white-space: nowrap; }
 )css";
 
-// Generated content of the controls. litehtml builds pseudo-elements only
-// from author and user sheets, never from the master sheet, so these rules
-// are handed over as user styles.
+// Generated content of the controls, and rules that the page's own styles
+// must not undo: handed over as user styles, which come after the page's.
 const char* const kControlContentSheet = R"css(
 input:before { content: attr(value); }
 input[type="checkbox"]:before, input[type="radio"]:before { content: ""; }
@@ -148,23 +147,8 @@ menu > li.kvt1-checked:before, menu > li[status="checked"]:before {
 
 }  // namespace
 
-litehtml::context& dialogStyleContext() {
-  static litehtml::context context = [] {
-    litehtml::context loaded;
-    loaded.load_master_stylesheet(kDialogStyleSheet);
-    return loaded;
-  }();
-  return context;
-}
+const char* dialogStyleSheet() { return kDialogStyleSheet; }
 
-litehtml::css& controlContentStyles() {
-  static litehtml::css styles = [] {
-    litehtml::css parsed;
-    parsed.parse_stylesheet(kControlContentSheet, nullptr, nullptr, nullptr);
-    parsed.sort_selectors();
-    return parsed;
-  }();
-  return styles;
-}
+const char* controlContentStyleSheet() { return kControlContentSheet; }
 
 }  // namespace kvt1::html

@@ -2,8 +2,6 @@
 
 #include "htmlui/engine/litehtml/DialogStyle.h"
 
-#include <cairo.h>
-
 #include <algorithm>
 
 namespace kvt1::html {
@@ -12,16 +10,11 @@ namespace {
 // Wide enough that no line of a dialog page breaks.
 constexpr int kUnlimitedWidth = 1 << 20;
 
-// The dialog grey behind everything the page itself leaves transparent.
-constexpr double kDialogGrey = 0xF0 / 255.0;
-
 }  // namespace
 
-LitehtmlLayout::LitehtmlLayout() : container_(std::make_unique<CairoContainer>()) {}
+LitehtmlLayout::LitehtmlLayout() : container_(makePageContainer()) {}
 
-void LitehtmlLayout::setImageLoader(std::function<std::vector<unsigned char>(const std::string& url)> loader) {
-  container_->setImageLoader(std::move(loader));
-}
+void LitehtmlLayout::setImageLoader(ImageLoader loader) { container_->setImageLoader(std::move(loader)); }
 
 bool LitehtmlLayout::layout(const std::string& html, int width) {
   document_.reset();
@@ -31,8 +24,8 @@ bool LitehtmlLayout::layout(const std::string& html, int width) {
   if (width <= 0) return false;
 
   container_->setViewport(width, 0);
-  document_ = litehtml::document::createFromUTF8(html.c_str(), container_.get(), &dialogStyleContext(),
-                                                   &controlContentStyles());
+  document_ = litehtml::document::createFromString(html.c_str(), container_.get(), dialogStyleSheet(),
+                                                   controlContentStyleSheet());
   if (!document_ || !document_->root()) {
     document_.reset();
     return false;
@@ -66,17 +59,12 @@ const LitehtmlLayout::Widths& LitehtmlLayout::widths() const {
 
 bool LitehtmlLayout::renderPng(const std::string& path) const {
   if (!document_) return false;
-  const int height = std::max(height_, 1);
-  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width_, height);
-  cairo_t* cr = cairo_create(surface);
-  cairo_set_source_rgb(cr, kDialogGrey, kDialogGrey, kDialogGrey);
-  cairo_paint(cr);
-  const litehtml::position clip(0, 0, width_, height);
-  document_->draw(reinterpret_cast<litehtml::uint_ptr>(cr), 0, 0, &clip);
-  cairo_destroy(cr);
-  const bool written = cairo_surface_write_to_png(surface, path.c_str()) == CAIRO_STATUS_SUCCESS;
-  cairo_surface_destroy(surface);
-  return written;
+  return container_->renderPng(*document_, width_, std::max(height_, 1), path);
+}
+
+bool LitehtmlLayout::paint(std::uintptr_t context, const LayoutBox& area) const {
+  if (!document_) return false;
+  return container_->paint(*document_, context, litehtml::position(area.x, area.y, area.width, area.height));
 }
 
 }  // namespace kvt1::html

@@ -1,15 +1,13 @@
 #pragma once
-// The Linux layout provider: lays a page snapshot out with litehtml, measures
-// text with Pango and draws with Cairo.
+// The layout provider on litehtml: lays a page snapshot out and draws it
+// through this system's page container.
 #include "htmlui/engine/LayoutProvider.h"
-#include "htmlui/engine/litehtml/CairoContainer.h"
 #include "htmlui/engine/litehtml/NodeGeometry.h"
+#include "htmlui/engine/litehtml/PageContainer.h"
 
 #include <litehtml.h>
 
-#include <functional>
 #include <memory>
-#include <vector>
 
 namespace kvt1::html {
 
@@ -17,8 +15,8 @@ class LitehtmlLayout final : public LayoutProvider {
  public:
   LitehtmlLayout();
 
-  // Supplies the PNG bytes of the pictures that a page names (img src, background urls).
-  void setImageLoader(std::function<std::vector<unsigned char>(const std::string& url)> loader);
+  // Supplies the bytes of the pictures that a page names (img src, background urls).
+  void setImageLoader(ImageLoader loader);
 
   bool layout(const std::string& html, int width) override;
   std::optional<LayoutBox> box(int node) const override;
@@ -27,6 +25,7 @@ class LitehtmlLayout final : public LayoutProvider {
   int maxWidth() const override;
   int contentHeight() const override;
   bool renderPng(const std::string& path) const override;
+  bool paint(std::uintptr_t context, const LayoutBox& area) const override;
 
  private:
   struct Widths {
@@ -37,7 +36,7 @@ class LitehtmlLayout final : public LayoutProvider {
   const Widths& widths() const;
 
   // The container outlives the document, which hands its fonts back on destruction.
-  std::unique_ptr<CairoContainer> container_;
+  std::unique_ptr<PageContainer> container_;
   litehtml::document::ptr document_;
   NodeGeometry geometry_;
   int width_ = 0;

@@ -18,16 +18,19 @@ bool readNode(const litehtml::element::ptr& element, int& node) {
   return true;
 }
 
-LayoutBox borderBox(const litehtml::element::ptr& element) {
+// litehtml places an element's content box; its padding and border widths
+// come from its computed style, percentages against the containing width.
+LayoutBox borderBox(const litehtml::element::ptr& element, int containingWidth) {
   const litehtml::position content = element->get_placement();
-  LayoutBox box;
-  box.x = content.x - element->padding_left() - element->border_left();
-  box.y = content.y - element->padding_top() - element->border_top();
-  box.width = content.width + element->padding_left() + element->padding_right() + element->border_left() +
-              element->border_right();
-  box.height = content.height + element->padding_top() + element->padding_bottom() + element->border_top() +
-               element->border_bottom();
-  return box;
+  const litehtml::css_properties& css = element->css();
+  const litehtml::css_margins& padding = css.get_padding();
+  const litehtml::css_borders& borders = css.get_borders();
+  const auto px = [containingWidth](const litehtml::css_length& length) {
+    return length.calc_percent(containingWidth);
+  };
+  const int left = px(padding.left) + px(borders.left.width), right = px(padding.right) + px(borders.right.width);
+  const int top = px(padding.top) + px(borders.top.width), bottom = px(padding.bottom) + px(borders.bottom.width);
+  return {content.x - left, content.y - top, content.width + left + right, content.height + top + bottom};
 }
 
 LayoutBox unite(const LayoutBox& a, const LayoutBox& b) {
@@ -48,29 +51,32 @@ bool holds(const LayoutBox& box, int x, int y) {
 void NodeGeometry::collect(const litehtml::element::ptr& root) {
   entries_.clear();
   byNode_.clear();
-  if (root) visit(root, 0, 0);
+  if (root) visit(root, 0, 0, root->get_placement().width);
 }
 
-std::optional<LayoutBox> NodeGeometry::visit(const litehtml::element::ptr& element, int layer, int depth) {
-  if (element->get_display() == litehtml::display_none) return std::nullopt;
-  const litehtml::element_position position = element->get_element_position();
-  if (position == litehtml::element_position_absolute || position == litehtml::element_position_fixed) ++layer;
+std::optional<LayoutBox> NodeGeometry::visit(const litehtml::element::ptr& element, int layer, int depth,
+                                             int containingWidth) {
+  const litehtml::css_properties& css = element->css();
+  if (css.get_display() == litehtml::display_none) return std::nullopt;
+  if (css.get_position() == litehtml::element_position_absolute ||
+      css.get_position() == litehtml::element_position_fixed) {
+    ++layer;
+  }
   int node = 0;
   const bool numbered = readNode(element, node);
   const std::size_t index = entries_.size();
   if (numbered) {
     byNode_[node] = index;
-    entries_.push_back({node, {}, layer, depth, element->get_visibility() == litehtml::visibility_visible});
+    entries_.push_back({node, {}, layer, depth, css.get_visibility() == litehtml::visibility_visible});
   }
+  const int childrenWidth = element->get_placement().width;
   std::optional<LayoutBox> children;
-  for (std::size_t i = 0; i < element->get_children_count(); ++i) {
-    if (auto child = visit(element->get_child(static_cast<int>(i)), layer, depth + 1)) {
-      children = children ? unite(*children, *child) : *child;
-    }
+  for (const litehtml::element::ptr& child : element->children()) {
+    if (auto box = visit(child, layer, depth + 1, childrenWidth)) children = children ? unite(*children, *box) : *box;
   }
   // Inline elements and table rows have no box of their own in litehtml:
   // they cover what they hold.
-  LayoutBox own = borderBox(element);
+  LayoutBox own = borderBox(element, containingWidth);
   if (own.width == 0 && own.height == 0 && children) own = *children;
   if (numbered) entries_[index].box = own;
   return own;

@@ -29,7 +29,7 @@ class NodeGeometry {
   };
 
   // Records the numbered elements of a subtree and returns the subtree's box.
-  std::optional<LayoutBox> visit(const litehtml::element::ptr& element, int layer, int depth);
+  std::optional<LayoutBox> visit(const litehtml::element::ptr& element, int layer, int depth, int containingWidth);
 
   std::vector<Entry> entries_;  // in document order
   std::unordered_map<int, std::size_t> byNode_;

@@ -1,9 +1,8 @@
 #pragma once
 // The pictures of a page: PNG bytes from the image loader, decoded once into
 // Cairo surfaces and kept by their URL.
-#include <litehtml.h>
+#include "htmlui/engine/litehtml/PageContainer.h"
 
-#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -11,8 +10,6 @@
 typedef struct _cairo_surface cairo_surface_t;
 
 namespace kvt1::html {
-
-using ImageLoader = std::function<std::vector<unsigned char>(const std::string& url)>;
 
 class PngImages {
  public:
