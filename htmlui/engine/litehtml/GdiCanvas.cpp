@@ -1,0 +1,64 @@
+#include "htmlui/engine/litehtml/GdiCanvas.h"
+
+#include "htmlui/engine/litehtml/GdiplusShapes.h"
+
+namespace kvt1::html {
+
+GdiCanvas::GdiCanvas(HDC dc, const litehtml::position& area)
+    : graphics_(dc), ready_(graphics_.GetLastStatus() == Gdiplus::Ok), area_(area) {
+  graphics_.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
+  // Pixel centres at half coordinates: boxes on whole pixels fill them exactly.
+  graphics_.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
+  graphics_.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
+  applyClips();
+}
+
+GdiCanvas::~GdiCanvas() {
+  if (gdiClip_) DeleteObject(gdiClip_);
+}
+
+void GdiCanvas::pushClip(const litehtml::position& box, const litehtml::border_radiuses& radius) {
+  clips_.push_back({box, radius});
+  applyClips();
+}
+
+void GdiCanvas::popClip() {
+  if (clips_.empty()) return;
+  clips_.pop_back();
+  applyClips();
+}
+
+void GdiCanvas::drawWithGdi(const std::function<void(HDC)>& draw) {
+  const HDC dc = graphics_.GetHDC();
+  if (!dc) return;
+  const int saved = SaveDC(dc);
+  if (gdiClip_) ExtSelectClipRgn(dc, gdiClip_, RGN_AND);
+  draw(dc);
+  RestoreDC(dc, saved);
+  graphics_.ReleaseHDC(dc);
+}
+
+void GdiCanvas::applyClips() {
+  Gdiplus::Region region(Gdiplus::Rect(area_.x, area_.y, area_.width, area_.height));
+  for (const Clip& clip : clips_) {
+    Gdiplus::GraphicsPath path;
+    addRoundedRectangle(path, clip.box, clip.radius);
+    region.Intersect(&path);
+  }
+  graphics_.SetClip(&region);
+
+  if (gdiClip_) DeleteObject(gdiClip_);
+  gdiClip_ = nullptr;
+  if (clips_.empty()) return;
+  // Page coordinates without any transform; GDI clips in device coordinates.
+  gdiClip_ = region.GetHRGN(nullptr);
+  const HDC dc = graphics_.GetHDC();
+  if (gdiClip_ && dc) {
+    POINT origin{0, 0};
+    LPtoDP(dc, &origin, 1);
+    OffsetRgn(gdiClip_, origin.x, origin.y);
+  }
+  if (dc) graphics_.ReleaseHDC(dc);
+}
+
+}  // namespace kvt1::html

@@ -1,0 +1,244 @@
+#include "htmlui/engine/litehtml/GdiContainer.h"
+
+#include "htmlui/engine/litehtml/GdiCanvas.h"
+#include "htmlui/engine/litehtml/GdiplusPng.h"
+#include "htmlui/engine/litehtml/GdiplusShapes.h"
+#include "platform/Unicode.h"
+
+#include <algorithm>
+
+namespace kvt1::html {
+namespace {
+
+// Case mapping of UTF-16 text, the same on every system locale.
+std::wstring mappedCase(const std::wstring& text, DWORD mapping) {
+  if (text.empty()) return text;
+  const int length = LCMapStringW(LOCALE_INVARIANT, mapping, text.c_str(), int(text.size()), nullptr, 0);
+  if (length <= 0) return text;
+  std::wstring mapped(std::size_t(length), L'\0');
+  LCMapStringW(LOCALE_INVARIANT, mapping, text.c_str(), int(text.size()), mapped.data(), length);
+  return mapped;
+}
+
+std::wstring capitalized(const std::wstring& text) {
+  if (text.empty()) return text;
+  const std::size_t first = IS_HIGH_SURROGATE(text[0]) && text.size() > 1 ? 2 : 1;
+  return mappedCase(text.substr(0, first), LCMAP_UPPERCASE) + text.substr(first);
+}
+
+Gdiplus::RectF rectOf(const litehtml::position& box) {
+  return Gdiplus::RectF(float(box.x), float(box.y), float(box.width), float(box.height));
+}
+
+// How the tiles of a picture meet: along a repeated axis a tile's edge
+// blends with the next tile when scaled, along the others with itself
+// (a mirrored neighbour), as at the edge of a single picture.
+Gdiplus::WrapMode tiling(litehtml::background_repeat repeat) {
+  switch (repeat) {
+    case litehtml::background_repeat_repeat_x:
+      return Gdiplus::WrapModeTileFlipY;
+    case litehtml::background_repeat_repeat_y:
+      return Gdiplus::WrapModeTileFlipX;
+    case litehtml::background_repeat_no_repeat:
+      return Gdiplus::WrapModeTileFlipXY;
+    case litehtml::background_repeat_repeat:
+      break;
+  }
+  return Gdiplus::WrapModeTile;
+}
+
+// Tiles the picture, scaled to tile's size and placed at tile's corner, over area.
+void fillWithPicture(Gdiplus::Graphics& graphics, Gdiplus::Bitmap& picture, const litehtml::position& tile,
+                     const litehtml::position& area, litehtml::background_repeat repeat) {
+  if (tile.width <= 0 || tile.height <= 0 || area.width <= 0 || area.height <= 0) return;
+  Gdiplus::TextureBrush brush(&picture, tiling(repeat));
+  brush.TranslateTransform(float(tile.x), float(tile.y));
+  brush.ScaleTransform(float(tile.width) / picture.GetWidth(), float(tile.height) / picture.GetHeight());
+  graphics.FillRectangle(&brush, rectOf(area));
+}
+
+// The part of the clip box that a background picture covers in its repeat mode.
+litehtml::position tiledArea(const litehtml::background_paint& layer) {
+  const litehtml::position& clip = layer.clip_box;
+  const litehtml::size& size = layer.image_size;
+  switch (layer.repeat) {
+    case litehtml::background_repeat_repeat_x:
+      return litehtml::position(clip.x, layer.position_y, clip.width, size.height);
+    case litehtml::background_repeat_repeat_y:
+      return litehtml::position(layer.position_x, clip.y, size.width, clip.height);
+    case litehtml::background_repeat_no_repeat:
+      return litehtml::position(layer.position_x, layer.position_y, size.width, size.height);
+    case litehtml::background_repeat_repeat:
+      break;
+  }
+  return clip;
+}
+
+}  // namespace
+
+GdiContainer::GdiContainer() = default;
+
+GdiContainer::~GdiContainer() = default;
+
+bool GdiContainer::paint(litehtml::document& document, std::uintptr_t context, const litehtml::position& area) {
+  const HDC dc = reinterpret_cast<HDC>(context);
+  if (!session_.ready() || !dc || area.width <= 0 || area.height <= 0) return false;
+  const int saved = SaveDC(dc);
+  IntersectClipRect(dc, area.left(), area.top(), area.right(), area.bottom());
+  const RECT box{area.left(), area.top(), area.right(), area.bottom()};
+  const HBRUSH grey = CreateSolidBrush(RGB(kDialogGrey, kDialogGrey, kDialogGrey));
+  FillRect(dc, &box, grey);
+  DeleteObject(grey);
+  bool painted = false;
+  {
+    GdiCanvas canvas(dc, area);
+    if (canvas.ready()) {
+      canvas_ = &canvas;
+      document.draw(context, 0, 0, &area);
+      canvas_ = nullptr;
+      painted = true;
+    }
+  }
+  RestoreDC(dc, saved);
+  return painted;
+}
+
+bool GdiContainer::renderPng(litehtml::document& document, int width, int height, const std::string& path) {
+  if (width <= 0 || height <= 0) return false;
+  BITMAPINFO format{};
+  format.bmiHeader.biSize = sizeof(format.bmiHeader);
+  format.bmiHeader.biWidth = width;
+  format.bmiHeader.biHeight = -height;  // top row first, as GDI+ expects its scan lines
+  format.bmiHeader.biPlanes = 1;
+  format.bmiHeader.biBitCount = 32;
+  format.bmiHeader.biCompression = BI_RGB;
+  void* pixels = nullptr;
+  const HBITMAP bitmap = CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &pixels, nullptr, 0);
+  if (!bitmap) return false;
+  const HDC dc = CreateCompatibleDC(nullptr);
+  const HGDIOBJ previous = SelectObject(dc, bitmap);
+  bool written = paint(document, reinterpret_cast<std::uintptr_t>(dc), litehtml::position(0, 0, width, height));
+  GdiFlush();
+  if (written) {
+    // GDI leaves the alpha bytes undefined: the picture is opaque.
+    Gdiplus::Bitmap picture(width, height, width * 4, PixelFormat32bppRGB, static_cast<BYTE*>(pixels));
+    written = picture.GetLastStatus() == Gdiplus::Ok && writePng(picture, path);
+  }
+  SelectObject(dc, previous);
+  DeleteDC(dc);
+  DeleteObject(bitmap);
+  return written;
+}
+
+litehtml::uint_ptr GdiContainer::create_font(const char* faceName, int size, int weight,
+                                             litehtml::font_style italic, unsigned int decoration,
+                                             litehtml::font_metrics* fm) {
+  return fonts_.create(faceName ? faceName : GdiFonts::kDefaultFamily, size, weight,
+                       italic == litehtml::font_style_italic, decoration, fm);
+}
+
+// Fonts stay cached in fonts_ for the next layout of the page.
+void GdiContainer::delete_font(litehtml::uint_ptr) {}
+
+int GdiContainer::text_width(const char* text, litehtml::uint_ptr font) { return fonts_.textWidth(text, font); }
+
+void GdiContainer::draw_text(litehtml::uint_ptr, const char* text, litehtml::uint_ptr font,
+                             litehtml::web_color color, const litehtml::position& pos) {
+  if (!canvas_) return;
+  canvas_->drawWithGdi([&](HDC dc) { fonts_.drawText(dc, text, font, color, pos); });
+}
+
+void GdiContainer::draw_list_marker(litehtml::uint_ptr, const litehtml::list_marker& marker) {
+  if (!canvas_) return;
+  Gdiplus::Graphics& graphics = canvas_->graphics();
+  const litehtml::position& box = marker.pos;
+  if (!marker.image.empty()) {
+    if (Gdiplus::Bitmap* picture = pictures_.picture(marker.image)) fillWithPicture(graphics, *picture, box, box, litehtml::background_repeat_no_repeat);
+    return;
+  }
+  switch (marker.marker_type) {
+    case litehtml::list_style_type_circle: {
+      Gdiplus::Pen pen(colorOf(marker.color), 1);
+      graphics.DrawEllipse(&pen, box.x + 0.5f, box.y + 0.5f, box.width - 1.0f, box.height - 1.0f);
+      break;
+    }
+    case litehtml::list_style_type_disc: {
+      Gdiplus::SolidBrush brush(colorOf(marker.color));
+      graphics.FillEllipse(&brush, rectOf(box));
+      break;
+    }
+    case litehtml::list_style_type_square: {
+      Gdiplus::SolidBrush brush(colorOf(marker.color));
+      graphics.FillRectangle(&brush, rectOf(box));
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+void GdiContainer::load_image(const char* src, const char*, bool) {
+  if (src) pictures_.load(src);
+}
+
+void GdiContainer::get_image_size(const char* src, const char*, litehtml::size& sz) {
+  sz = src ? pictures_.size(src) : litehtml::size();
+}
+
+void GdiContainer::draw_background(litehtml::uint_ptr, const std::vector<litehtml::background_paint>& layers) {
+  if (!canvas_) return;
+  Gdiplus::Graphics& graphics = canvas_->graphics();
+  // The farthest layer, with the background colour, comes last.
+  for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
+    const Gdiplus::GraphicsState state = graphics.Save();
+    Gdiplus::GraphicsPath border;
+    addRoundedRectangle(border, layer->border_box, layer->border_radius);
+    graphics.SetClip(&border, Gdiplus::CombineModeIntersect);
+    graphics.SetClip(rectOf(layer->clip_box), Gdiplus::CombineModeIntersect);
+    if (layer->color.alpha > 0) {
+      Gdiplus::SolidBrush brush(colorOf(layer->color));
+      graphics.FillRectangle(&brush, rectOf(layer->clip_box));
+    }
+    Gdiplus::Bitmap* picture = layer->image.empty() ? nullptr : pictures_.picture(layer->image);
+    if (picture) {
+      const litehtml::position tile(layer->position_x, layer->position_y, layer->image_size.width,
+                                    layer->image_size.height);
+      fillWithPicture(graphics, *picture, tile, tiledArea(*layer), layer->repeat);
+    }
+    graphics.Restore(state);
+  }
+}
+
+void GdiContainer::draw_borders(litehtml::uint_ptr, const litehtml::borders& borders,
+                                const litehtml::position& drawPos, bool) {
+  if (canvas_) drawBorders(canvas_->graphics(), borders, drawPos);
+}
+
+void GdiContainer::transform_text(litehtml::string& text, litehtml::text_transform tt) {
+  const std::wstring wide = platform::fromUtf8(text);
+  switch (tt) {
+    case litehtml::text_transform_uppercase:
+      text = platform::toUtf8(mappedCase(wide, LCMAP_UPPERCASE));
+      break;
+    case litehtml::text_transform_lowercase:
+      text = platform::toUtf8(mappedCase(wide, LCMAP_LOWERCASE));
+      break;
+    case litehtml::text_transform_capitalize:
+      text = platform::toUtf8(capitalized(wide));
+      break;
+    case litehtml::text_transform_none:
+      break;
+  }
+}
+
+void GdiContainer::set_clip(const litehtml::position& pos, const litehtml::border_radiuses& radius) {
+  if (canvas_) canvas_->pushClip(pos, radius);
+}
+
+void GdiContainer::del_clip() {
+  if (canvas_) canvas_->popClip();
+}
+
+std::unique_ptr<PageContainer> makePageContainer() { return std::make_unique<GdiContainer>(); }
+
+}  // namespace kvt1::html
