@@ -27,6 +27,11 @@ bool isInked(std::uint32_t rgb) {
   return ((rgb >> 16) & 0xFF) < 0xB0 || ((rgb >> 8) & 0xFF) < 0xB0 || (rgb & 0xFF) < 0xB0;
 }
 
+int CALLBACK faceFound(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM installed) {
+  *reinterpret_cast<bool*>(installed) = true;
+  return 0;
+}
+
 // An installed face that is none of the default's look, for the family list cases.
 std::string installedMonospace() {
   const HDC dc = CreateCompatibleDC(nullptr);
@@ -37,13 +42,7 @@ std::string installedMonospace() {
     const std::wstring wide(face, face + std::char_traits<char>::length(face));
     wide.copy(wanted.lfFaceName, LF_FACESIZE - 1);
     bool installed = false;
-    EnumFontFamiliesExW(
-        dc, &wanted,
-        [](const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM flag) -> int {
-          *reinterpret_cast<bool*>(flag) = true;
-          return 0;
-        },
-        reinterpret_cast<LPARAM>(&installed), 0);
+    EnumFontFamiliesExW(dc, &wanted, faceFound, reinterpret_cast<LPARAM>(&installed), 0);
     if (installed) {
       found = face;
       break;
