@@ -53,41 +53,13 @@ void fillSide(Gdiplus::Graphics& graphics, const litehtml::border& side, const G
   graphics.FillPolygon(&brush, corners, 4);
 }
 
-void drawRoundedRing(Gdiplus::Graphics& graphics, const litehtml::borders& borders, const litehtml::position& box) {
-  litehtml::margins widths;
-  widths.left = borders.left.width;
-  widths.right = borders.right.width;
-  widths.top = borders.top.width;
-  widths.bottom = borders.bottom.width;
-  litehtml::position inner = box;
-  inner -= widths;
-  litehtml::border_radiuses innerRadius = borders.radius;
-  innerRadius -= widths;
-
-  Gdiplus::GraphicsPath ring(Gdiplus::FillModeAlternate);
-  addRoundedRectangle(ring, box, borders.radius);
-  if (inner.width > 0 && inner.height > 0) addRoundedRectangle(ring, inner, innerRadius);
-  Gdiplus::SolidBrush brush(colorOf(borders.top.color));
-  graphics.FillPath(&brush, &ring);
-}
-
-}  // namespace
-
-Gdiplus::Color colorOf(const litehtml::web_color& color) {
-  return Gdiplus::Color(color.alpha, color.red, color.green, color.blue);
-}
-
-void addRoundedRectangle(Gdiplus::GraphicsPath& path, const litehtml::position& box,
-                         const litehtml::border_radiuses& radius) {
+// The box from (x, y) to (right, bottom) with each radius less shrink,
+// radii being no larger than half the box, so that corners cannot overlap.
+void addRoundedBox(Gdiplus::GraphicsPath& path, float x, float y, float right, float bottom,
+                   const litehtml::border_radiuses& radius, float shrink) {
+  const auto rx = [&](int r) { return std::clamp(r - shrink, 0.0f, (right - x) / 2); };
+  const auto ry = [&](int r) { return std::clamp(r - shrink, 0.0f, (bottom - y) / 2); };
   path.StartFigure();
-  if (!hasRadius(radius)) {
-    path.AddRectangle(Gdiplus::RectF(float(box.x), float(box.y), float(box.width), float(box.height)));
-    return;
-  }
-  const float x = float(box.x), y = float(box.y), right = float(box.right()), bottom = float(box.bottom());
-  // Radii never exceed half the box, so opposite corners cannot overlap.
-  const auto rx = [&](int r) { return std::min(float(r), box.width / 2.0f); };
-  const auto ry = [&](int r) { return std::min(float(r), box.height / 2.0f); };
   addCorner(path, x, y, rx(radius.top_left_x), ry(radius.top_left_y), 180, x, y);
   addCorner(path, right - 2 * rx(radius.top_right_x), y, rx(radius.top_right_x), ry(radius.top_right_y), 270, right,
             y);
@@ -98,11 +70,36 @@ void addRoundedRectangle(Gdiplus::GraphicsPath& path, const litehtml::position& 
   path.CloseFigure();
 }
 
+// Four sides of one look around rounded corners: one stroke along their middle.
+void strokeRoundedRing(Gdiplus::Graphics& graphics, const litehtml::borders& borders, const litehtml::position& box) {
+  const float half = borders.top.width / 2.0f;
+  Gdiplus::GraphicsPath middle;
+  addRoundedBox(middle, box.x + half, box.y + half, box.right() - half, box.bottom() - half, borders.radius, half);
+  Gdiplus::Pen pen(colorOf(borders.top.color), float(borders.top.width));
+  graphics.DrawPath(&pen, &middle);
+}
+
+}  // namespace
+
+Gdiplus::Color colorOf(const litehtml::web_color& color) {
+  return Gdiplus::Color(color.alpha, color.red, color.green, color.blue);
+}
+
+void addRoundedRectangle(Gdiplus::GraphicsPath& path, const litehtml::position& box,
+                         const litehtml::border_radiuses& radius) {
+  if (hasRadius(radius)) {
+    addRoundedBox(path, float(box.x), float(box.y), float(box.right()), float(box.bottom()), radius, 0);
+    return;
+  }
+  path.StartFigure();
+  path.AddRectangle(Gdiplus::RectF(float(box.x), float(box.y), float(box.width), float(box.height)));
+}
+
 void drawBorders(Gdiplus::Graphics& graphics, const litehtml::borders& borders, const litehtml::position& box) {
   const litehtml::border &left = borders.left, &top = borders.top, &right = borders.right, &bottom = borders.bottom;
   if (hasRadius(borders.radius) && isDrawn(top) && sameLook(top, left) && sameLook(top, right) &&
       sameLook(top, bottom) && !isBroken(top)) {
-    drawRoundedRing(graphics, borders, box);
+    strokeRoundedRing(graphics, borders, box);
     return;
   }
   const float x = float(box.x), y = float(box.y), r = float(box.right()), b = float(box.bottom());
