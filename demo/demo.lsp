@@ -37,9 +37,13 @@ NEW
 CLOSE
 
 ; The host starts again. The update notification at start-up is answered
-; this time: its updates are dismissed, after a confirmation.
+; this time: its updates are dismissed, after a confirmation. The usage
+; question that follows it (left unanswered at the first start) is answered
+; too: the user agrees to send usage reports.
 @click btnDismiss
 @answer YES
+@click YES
+@click btnOk
 RELOAD
 
 ; The next start shows nothing; a check on request shows the updates again.

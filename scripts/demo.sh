@@ -54,6 +54,8 @@ if [ "$windows" -eq 1 ]; then
   wineboot --init >/dev/null 2>&1
   # Windows without a display: Wine's null graphics driver makes them.
   "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null
+  # The prefix is settled (and the driver in force) once its server has ended.
+  wineserver --wait
   winpath() { "$wine" winepath -w "$1" 2>/dev/null | tr -d '\r'; }
   regpath() { winpath "$1" | sed 's/\\/\\\\/g'; }
   # The machine values an installer writes (see install/kvt1-machine.reg), for this folder.
