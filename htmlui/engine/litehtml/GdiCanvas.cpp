@@ -38,6 +38,21 @@ void GdiCanvas::drawWithGdi(const std::function<void(HDC)>& draw) {
   graphics_.ReleaseHDC(dc);
 }
 
+void GdiCanvas::fillRect(const litehtml::position& box, const litehtml::web_color& color) {
+  if (box.width <= 0 || box.height <= 0 || color.alpha == 0) return;
+  if (color.alpha < 255) {
+    Gdiplus::SolidBrush brush(colorOf(color));
+    graphics_.FillRectangle(&brush, box.x, box.y, box.width, box.height);
+    return;
+  }
+  drawWithGdi([&](HDC dc) {
+    const RECT rect{box.left(), box.top(), box.right(), box.bottom()};
+    const HBRUSH brush = CreateSolidBrush(RGB(color.red, color.green, color.blue));
+    FillRect(dc, &rect, brush);
+    DeleteObject(brush);
+  });
+}
+
 void GdiCanvas::applyClips() {
   Gdiplus::Region region(Gdiplus::Rect(area_.x, area_.y, area_.width, area_.height));
   for (const Clip& clip : clips_) {

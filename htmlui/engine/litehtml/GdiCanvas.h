@@ -26,6 +26,10 @@ class GdiCanvas {
   void popClip();
 
   Gdiplus::Graphics& graphics() { return graphics_; }
+  // Fills a box within the current clip: opaque colours with GDI, which
+  // fills whole pixels exactly and much faster (under Wine by two orders of
+  // magnitude), translucent ones with GDI+.
+  void fillRect(const litehtml::position& box, const litehtml::web_color& color);
   // Runs GDI drawing on the HDC within the current clip.
   void drawWithGdi(const std::function<void(HDC)>& draw);
 

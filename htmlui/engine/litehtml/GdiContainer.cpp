@@ -1,5 +1,6 @@
 #include "htmlui/engine/litehtml/GdiContainer.h"
 
+#include "htmlui/engine/litehtml/GdiBorders.h"
 #include "htmlui/engine/litehtml/GdiCanvas.h"
 #include "htmlui/engine/litehtml/GdiplusPng.h"
 #include "htmlui/engine/litehtml/GdiplusShapes.h"
@@ -24,6 +25,12 @@ std::wstring capitalized(const std::wstring& text) {
   if (text.empty()) return text;
   const std::size_t first = IS_HIGH_SURROGATE(text[0]) && text.size() > 1 ? 2 : 1;
   return mappedCase(text.substr(0, first), LCMAP_UPPERCASE) + text.substr(first);
+}
+
+litehtml::position overlap(const litehtml::position& a, const litehtml::position& b) {
+  const int left = std::max(a.left(), b.left()), top = std::max(a.top(), b.top());
+  const int right = std::min(a.right(), b.right()), bottom = std::min(a.bottom(), b.bottom());
+  return litehtml::position(left, top, std::max(right - left, 0), std::max(bottom - top, 0));
 }
 
 Gdiplus::RectF rectOf(const litehtml::position& box) {
@@ -190,14 +197,19 @@ void GdiContainer::draw_background(litehtml::uint_ptr, const std::vector<litehtm
   Gdiplus::Graphics& graphics = canvas_->graphics();
   // The farthest layer, with the background colour, comes last.
   for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
+    const bool rounded = hasRadius(layer->border_radius);
     const Gdiplus::GraphicsState state = graphics.Save();
-    Gdiplus::GraphicsPath border;
-    addRoundedRectangle(border, layer->border_box, layer->border_radius);
-    graphics.SetClip(&border, Gdiplus::CombineModeIntersect);
+    if (rounded) {
+      Gdiplus::GraphicsPath border;
+      addRoundedRectangle(border, layer->border_box, layer->border_radius);
+      graphics.SetClip(&border, Gdiplus::CombineModeIntersect);
+    }
     graphics.SetClip(rectOf(layer->clip_box), Gdiplus::CombineModeIntersect);
-    if (layer->color.alpha > 0) {
+    if (rounded && layer->color.alpha > 0) {
       Gdiplus::SolidBrush brush(colorOf(layer->color));
       graphics.FillRectangle(&brush, rectOf(layer->clip_box));
+    } else if (!rounded) {
+      canvas_->fillRect(overlap(layer->clip_box, layer->border_box), layer->color);
     }
     Gdiplus::Bitmap* picture = layer->image.empty() ? nullptr : pictures_.picture(layer->image);
     if (picture) {
@@ -211,7 +223,7 @@ void GdiContainer::draw_background(litehtml::uint_ptr, const std::vector<litehtm
 
 void GdiContainer::draw_borders(litehtml::uint_ptr, const litehtml::borders& borders,
                                 const litehtml::position& drawPos, bool) {
-  if (canvas_) drawBorders(canvas_->graphics(), borders, drawPos);
+  if (canvas_) drawBorders(*canvas_, borders, drawPos);
 }
 
 void GdiContainer::transform_text(litehtml::string& text, litehtml::text_transform tt) {

@@ -1,5 +1,5 @@
 #pragma once
-// GDI+ paths and fills for CSS boxes: rounded rectangles and border sides.
+// GDI+ paths for CSS boxes: rounded rectangles, and the colours of litehtml.
 #include "htmlui/engine/litehtml/GdiplusApi.h"
 
 #include <litehtml.h>
@@ -8,12 +8,14 @@ namespace kvt1::html {
 
 Gdiplus::Color colorOf(const litehtml::web_color& color);
 
+bool hasRadius(const litehtml::border_radiuses& radius);
+
 // Adds a closed figure of the box with elliptic corners to the path.
 void addRoundedRectangle(Gdiplus::GraphicsPath& path, const litehtml::position& box,
                          const litehtml::border_radiuses& radius);
 
-// Fills the four border sides of a border box; sides of one colour and style
-// follow the rounded corners, mixed sides are drawn as mitred trapezoids.
-void drawBorders(Gdiplus::Graphics& graphics, const litehtml::borders& borders, const litehtml::position& box);
+// The same figure with each radius less shrink, for a box inset by shrink.
+void addRoundedRectangle(Gdiplus::GraphicsPath& path, const Gdiplus::RectF& box,
+                         const litehtml::border_radiuses& radius, float shrink);
 
 }  // namespace kvt1::html

@@ -84,9 +84,14 @@ TEST_F(GdiDrawingTest, BordersFollowTheirStyleAndRadius) {
       {"rounded", "border:4px solid #cc0000;border-radius:10px",
        {{0, 0, kDialogGrey}, {-1, -1, kDialogGrey}, {0, -1, kDialogGrey}, {4, 4, red}, {40, 1, red},
         {1, 25, red}, {40, 25, white}}},
-      {"sides of two colours",
-       "border:4px solid #0000cc;border-top-color:#cc0000;border-radius:10px",
+      {"rounded sides of two colours", "border:4px solid #0000cc;border-top-color:#cc0000;border-radius:10px",
        {{40, 1, red}, {1, 25, blue}, {-2, 25, blue}, {40, -2, blue}, {40, 25, white}}},
+      // Mitred corners: the top side's trapezoid ends on the diagonal.
+      {"square sides of two colours", "border:4px solid #0000cc;border-top-color:#cc0000",
+       {{40, 0, red}, {3, 1, red}, {1, 3, blue}, {0, 25, blue}, {-1, 25, blue}, {40, -1, blue}, {40, 25, white}}},
+      {"thin sides of two colours", "border:1px solid #0000cc;border-top-color:#cc0000",
+       {{40, 0, red}, {0, 25, blue}, {-1, 25, blue}, {40, -1, blue}, {40, 1, white}, {1, 25, white}}},
+      {"translucent", "border:4px solid rgba(204,0,0,0.5)", {{40, 1, 0xE58080}, {1, 25, 0xE58080}, {40, 25, white}}},
   };
   for (const Case& c : cases) {
     const PngPicture picture = render(std::string(R"(<div kvt1-node="2" style="width:80px;height:50px;)") +
