@@ -13,7 +13,7 @@ if [ ! -f build/linux-release/build.ninja ]; then
   bash scripts/setup.sh --native
   cmake --preset linux-release >/dev/null
 fi
-cmake --build --preset linux-release --target kvt1-host kvt1_module
+cmake --build --preset linux-release --target kvt1-host kvt1_module kvt1_language_enu
 
 gallery=$root/build/gallery
 rm -rf "$gallery"

@@ -24,7 +24,7 @@ bool LitehtmlLayout::layout(const std::string& html, int width) {
   if (width <= 0) return false;
 
   container_->setViewport(width, 0);
-  document_ = litehtml::document::createFromString(html.c_str(), container_.get(), dialogStyleSheet(),
+  document_ = litehtml::document::createFromString(html.c_str(), container_.get(), dialogStyleSheet(html).c_str(),
                                                    controlContentStyleSheet());
   if (!document_ || !document_->root()) {
     document_.reset();

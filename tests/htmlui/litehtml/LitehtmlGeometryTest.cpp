@@ -87,6 +87,57 @@ TEST_F(LitehtmlGeometryTest, ShownPopupLiesAboveTheFlow) {
   EXPECT_EQ(layout.hitTest(x, y), 5);
 }
 
+// The master sheet reaches a page in parts, chosen by the elements the page
+// holds; tags and classes are found whatever their case.
+TEST_F(LitehtmlGeometryTest, TheDialogLookReachesEveryKindOfElement) {
+  struct Case {
+    const char* body;
+    int width, height;  // of node 2's border box
+  };
+  const Case cases[] = {
+      {"<BUTTON kvt1-node=\"2\">OK</BUTTON>", 75, 23},  // min-width, padding, border
+      {"<Input kvt1-node=\"2\" type=\"text\"/>", 148, 21},
+      {"<input kvt1-node=\"2\" type=\"checkbox\"/>", 15, 15},
+      {"<TEXTAREA kvt1-node=\"2\"></TEXTAREA>", 208, 66},
+      {"<Table><TR><TD kvt1-node=\"2\"><div style=\"width:10px;height:10px\"></div></TD></TR></Table>", 18, 14},
+      {"<div class=\"Tabs\"><div class=\"panels\" kvt1-node=\"2\"></div></div>", 284, 13},
+      {"<MENU kvt1-node=\"2\" class=\"context kvt1-popup\" style=\"left:0;top:0\"></MENU>", 106, 6},
+  };
+  for (const Case& c : cases) {
+    ASSERT_TRUE(layout.layout(page(c.body), 300)) << c.body;
+    const LayoutBox box = boxOf(2);
+    EXPECT_EQ(box.width, c.width) << c.body;
+    EXPECT_EQ(box.height, c.height) << c.body;
+  }
+  ASSERT_TRUE(layout.layout(page("<UL><LI kvt1-node=\"2\">Item</LI></UL>"), 300));
+  EXPECT_EQ(boxOf(2).x, 8 + 20);  // the body's padding and the list's indent
+}
+
+TEST_F(LitehtmlGeometryTest, AMenuShownFromTheMenuBarFitsItsItemsAndKeepsTheBarInOneLine) {
+  const std::string items = "<li kvt1-node=\"6\">Open a model from a file...</li>";
+  ASSERT_TRUE(layout.layout(page("<menu kvt1-node=\"2\" class=\"context kvt1-popup\" style=\"left:0;top:0\">" +
+                                 items + "</menu>"),
+                            400));
+  const int alone = boxOf(2).width;
+  ASSERT_TRUE(layout.layout(page("<widget class=\"menu-bar\"><menu><li kvt1-node=\"4\">File"
+                                 "<menu kvt1-node=\"5\" class=\"kvt1-popup\" style=\"left:8px;top:30px\">" +
+                                 items + "</menu></li><li kvt1-node=\"7\">View</li></menu></widget>"),
+                            400));
+  EXPECT_EQ(boxOf(5).width, alone);
+  EXPECT_TRUE(inside(boxOf(6), boxOf(5)));
+  EXPECT_EQ(boxOf(7).y, boxOf(4).y);
+  EXPECT_EQ(boxOf(7).x, boxOf(4).x + boxOf(4).width);
+}
+
+TEST_F(LitehtmlGeometryTest, ButtonsOfARightAlignedRowStayInsideIt) {
+  ASSERT_TRUE(layout.layout(page("<div kvt1-node=\"2\" class=\"buttons\" style=\"text-align:right;padding:0 10px\">"
+                                 "<button kvt1-node=\"3\">OK</button><button kvt1-node=\"4\">Cancel</button></div>"),
+                            300));
+  const LayoutBox row = boxOf(2), last = boxOf(4);
+  EXPECT_EQ(last.x + last.width + 2, row.x + row.width - 10);  // the button's margin, the row's padding
+  EXPECT_LT(boxOf(3).x + boxOf(3).width, last.x);
+}
+
 TEST_F(LitehtmlGeometryTest, IntrinsicWidthsFollowTheContent) {
   const std::string shortText = page("<p kvt1-node=\"2\">Short words only</p>");
   const std::string longText =

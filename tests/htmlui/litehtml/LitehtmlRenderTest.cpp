@@ -69,6 +69,33 @@ TEST_F(LitehtmlRenderTest, CheckedCheckBoxLooksDifferent) {
   EXPECT_EQ(checked.differenceIn(unchecked, label->x, label->y, label->width, label->height), 0.0);
 }
 
+TEST_F(LitehtmlRenderTest, UncheckedBoxesShowNoValue) {
+  for (const char* type : {"checkbox", "radio"}) {
+    const auto box = [&](const char* value) {
+      return page(std::string("<input kvt1-node=\"2\" type=\"") + type + "\"" + value + "/>");
+    };
+    const PngPixels plain = render(box(""), 100, "plain.png");
+    const PngPixels valued = render(box(" value=\"0\""), 100, "valued.png");
+    const LayoutBox input = *layout.box(2);
+    EXPECT_EQ(valued.differenceIn(plain, input.x, input.y, input.width, input.height), 0.0) << type;
+  }
+}
+
+TEST_F(LitehtmlRenderTest, AMenuItemsCheckMarkStandsBeforeItsText) {
+  const auto menu = [](const char* state) {
+    return page(std::string("<menu kvt1-node=\"2\" class=\"context kvt1-popup\" style=\"left:0;top:0\">"
+                            "<li kvt1-node=\"3\" class=\"") +
+                state + "\">Show surfaces</li></menu>");
+  };
+  const PngPixels plain = render(menu(""), 200, "plain.png");
+  const LayoutBox item = *layout.box(3);
+  const PngPixels checked = render(menu("kvt1-checked"), 200, "checked.png");
+  ASSERT_EQ(layout.box(3)->width, item.width);
+  constexpr int kTextIndent = 24;  // the item's left padding
+  EXPECT_GT(checked.differenceIn(plain, item.x, item.y, kTextIndent, item.height), 0.05);
+  EXPECT_EQ(checked.differenceIn(plain, item.x + kTextIndent, item.y, item.width - kTextIndent, item.height), 0.0);
+}
+
 TEST_F(LitehtmlRenderTest, StateClassesChangeButtons) {
   const PngPixels normal = render(page("<button kvt1-node=\"2\">Apply</button>"), 150, "normal.png");
   const LayoutBox button = *layout.box(2);
