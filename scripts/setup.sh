@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Installs every build and test dependency of KVT1 from Debian's packages.
 # Idempotent: packages already present are not fetched again, and jsoncpp for
-# the MinGW toolchains is built once from Debian's source package into
-# $KVT1_DEPS_DIR (default /opt/kvt1-deps).
+# the MinGW toolchains (and Google Benchmark for x86_64 Windows) is built once
+# from Debian's source package into $KVT1_DEPS_DIR (default /opt/kvt1-deps).
 set -euo pipefail
 
 # --native: only what the Linux build needs (no MinGW, Wine or cross-built jsoncpp).
@@ -154,6 +154,22 @@ if [ -z "$(missing_packages wine32:i386)" ]; then
   DEBIAN_FRONTEND=noninteractive "${sudo_cmd[@]}" apt-get remove -y -qq wine32:i386
 fi
 
+# debian_source PACKAGE WORK: Debian's source package of PACKAGE unpacked
+# into WORK, its folder in $source_dir.
+debian_source() {
+  local package=$1 work=$2
+  if ! grep -rqs '^Types:.*deb-src' /etc/apt/sources.list.d/ /etc/apt/sources.list; then
+    log "enabling deb-src entries"
+    "${sudo_cmd[@]}" sed -i 's/^Types: deb$/Types: deb deb-src/' /etc/apt/sources.list.d/debian.sources
+    apt_updated=0
+  fi
+  apt_update
+  # Run as root, apt would download as _apt, which cannot write into WORK.
+  (cd "$work" && apt-get source -qq -o APT::Sandbox::User=root "$package" >/dev/null)
+  source_dir=$(find "$work" -mindepth 1 -maxdepth 1 -type d | head -n 1)
+  [ -n "$source_dir" ] || { log "$package source package not unpacked"; exit 1; }
+}
+
 # jsoncpp for MinGW, from Debian's source package of libjsoncpp-dev.
 jsoncpp_version=$(dpkg-query -W -f='${Version}' libjsoncpp-dev)
 build_jsoncpp() {
@@ -162,26 +178,13 @@ build_jsoncpp() {
   local stamp="$prefix/.jsoncpp-$jsoncpp_version"
   [ -f "$stamp" ] && return 0
 
-  if ! grep -rqs '^Types:.*deb-src' /etc/apt/sources.list.d/ /etc/apt/sources.list; then
-    log "enabling deb-src entries"
-    "${sudo_cmd[@]}" sed -i 's/^Types: deb$/Types: deb deb-src/' /etc/apt/sources.list.d/debian.sources
-    apt_updated=0
-  fi
-  apt_update
-
   local work
   work=$(mktemp -d)
-  (cd "$work" && apt-get source -qq libjsoncpp-dev >/dev/null)
-  local src
-  src=$(find "$work" -maxdepth 1 -type d -name 'libjsoncpp-*' -o -maxdepth 1 -type d -name 'jsoncpp-*' | head -n 1)
-  [ -n "$src" ] || { log "jsoncpp source package not unpacked"; exit 1; }
+  debian_source libjsoncpp-dev "$work"
 
   log "building jsoncpp $jsoncpp_version for $triplet"
-  cmake -S "$src" -B "$work/build" -G Ninja \
-    -DCMAKE_SYSTEM_NAME=Windows \
-    -DCMAKE_C_COMPILER="$triplet-gcc-posix" \
-    -DCMAKE_CXX_COMPILER="$triplet-g++-posix" \
-    -DCMAKE_RC_COMPILER="$triplet-windres" \
+  mapfile -t options < <(mingw_options "$triplet")
+  cmake -S "$source_dir" -B "$work/build" -G Ninja "${options[@]}" \
     -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_INSTALL_PREFIX="$prefix" \
     -DBUILD_SHARED_LIBS=OFF -DBUILD_STATIC_LIBS=ON -DBUILD_OBJECT_LIBS=OFF \
@@ -195,5 +198,37 @@ build_jsoncpp() {
 
 build_jsoncpp x86_64-w64-mingw32
 build_jsoncpp i686-w64-mingw32
+
+# Google Benchmark for the x86_64 Windows benchmarks (run under Wine; the
+# i686 build is never run), from Debian's source package of libbenchmark-dev.
+benchmark_version=$(dpkg-query -W -f='${Version}' libbenchmark-dev)
+build_benchmark() {
+  local triplet=$1
+  local prefix="$deps_dir/$triplet"
+  local stamp="$prefix/.benchmark-$benchmark_version"
+  [ -f "$stamp" ] && return 0
+
+  local work
+  work=$(mktemp -d)
+  debian_source libbenchmark-dev "$work"
+
+  log "building Google Benchmark $benchmark_version for $triplet"
+  mapfile -t options < <(mingw_options "$triplet")
+  # Cross builds cannot run the feature probes; MinGW has both features.
+  # The library is C++ only: the C compiler among the options goes unused.
+  cmake -S "$source_dir" -B "$work/build" -G Ninja --no-warn-unused-cli "${options[@]}" \
+    -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_INSTALL_PREFIX="$prefix" \
+    -DBUILD_SHARED_LIBS=OFF -DGIT_VERSION="${benchmark_version%%-*}" \
+    -DHAVE_STD_REGEX=1 -DHAVE_STEADY_CLOCK=1 \
+    -DBENCHMARK_ENABLE_TESTING=OFF -DBENCHMARK_ENABLE_GTEST_TESTS=OFF \
+    -DBENCHMARK_ENABLE_WERROR=OFF -DBENCHMARK_INSTALL_DOCS=OFF >/dev/null
+  cmake --build "$work/build" --parallel 2 >/dev/null
+  "${sudo_cmd[@]}" cmake --install "$work/build" >/dev/null
+  "${sudo_cmd[@]}" touch "$stamp"
+  rm -rf "$work"
+}
+
+build_benchmark x86_64-w64-mingw32
 
 log "done (MinGW dependencies in $deps_dir)"
