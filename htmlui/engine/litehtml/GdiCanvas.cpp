@@ -1,8 +1,29 @@
 #include "htmlui/engine/litehtml/GdiCanvas.h"
 
+#include "htmlui/engine/litehtml/GdiPictures.h"
 #include "htmlui/engine/litehtml/GdiplusShapes.h"
 
 namespace kvt1::html {
+namespace {
+
+// How the tiles of a picture meet: along a repeated axis a tile's edge
+// blends with the next tile when scaled, along the others with itself
+// (a mirrored neighbour), as at the edge of a single picture.
+Gdiplus::WrapMode tiling(litehtml::background_repeat repeat) {
+  switch (repeat) {
+    case litehtml::background_repeat_repeat_x:
+      return Gdiplus::WrapModeTileFlipY;
+    case litehtml::background_repeat_repeat_y:
+      return Gdiplus::WrapModeTileFlipX;
+    case litehtml::background_repeat_no_repeat:
+      return Gdiplus::WrapModeTileFlipXY;
+    case litehtml::background_repeat_repeat:
+      break;
+  }
+  return Gdiplus::WrapModeTile;
+}
+
+}  // namespace
 
 GdiCanvas::GdiCanvas(HDC dc, const litehtml::position& area)
     : graphics_(dc), ready_(graphics_.GetLastStatus() == Gdiplus::Ok), area_(area) {
@@ -51,6 +72,23 @@ void GdiCanvas::fillRect(const litehtml::position& box, const litehtml::web_colo
     FillRect(dc, &rect, brush);
     DeleteObject(brush);
   });
+}
+
+void GdiCanvas::fillWithPicture(GdiPicture& picture, const litehtml::position& tile, const litehtml::position& area,
+                                litehtml::background_repeat repeat) {
+  if (tile.width <= 0 || tile.height <= 0 || area.width <= 0 || area.height <= 0) return;
+  if (repeat == litehtml::background_repeat_no_repeat && tile.width == picture.width() &&
+      tile.height == picture.height()) {
+    drawWithGdi([&](HDC dc) {
+      IntersectClipRect(dc, area.left(), area.top(), area.right(), area.bottom());
+      picture.blend(dc, tile.x, tile.y);
+    });
+    return;
+  }
+  Gdiplus::TextureBrush brush(&picture.bitmap(), tiling(repeat));
+  brush.TranslateTransform(float(tile.x), float(tile.y));
+  brush.ScaleTransform(float(tile.width) / picture.width(), float(tile.height) / picture.height());
+  graphics_.FillRectangle(&brush, area.x, area.y, area.width, area.height);
 }
 
 void GdiCanvas::applyClips() {

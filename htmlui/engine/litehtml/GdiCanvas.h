@@ -11,6 +11,8 @@
 
 namespace kvt1::html {
 
+class GdiPicture;
+
 class GdiCanvas {
  public:
   GdiCanvas(HDC dc, const litehtml::position& area);
@@ -30,6 +32,10 @@ class GdiCanvas {
   // fills whole pixels exactly and much faster (under Wine by two orders of
   // magnitude), translucent ones with GDI+.
   void fillRect(const litehtml::position& box, const litehtml::web_color& color);
+  // Tiles a picture over area, each tile at tile's size, one at tile's
+  // corner: unrepeated at its own size with GDI, else with a GDI+ texture.
+  void fillWithPicture(GdiPicture& picture, const litehtml::position& tile, const litehtml::position& area,
+                       litehtml::background_repeat repeat);
   // Runs GDI drawing on the HDC within the current clip.
   void drawWithGdi(const std::function<void(HDC)>& draw);
 

@@ -37,33 +37,6 @@ Gdiplus::RectF rectOf(const litehtml::position& box) {
   return Gdiplus::RectF(float(box.x), float(box.y), float(box.width), float(box.height));
 }
 
-// How the tiles of a picture meet: along a repeated axis a tile's edge
-// blends with the next tile when scaled, along the others with itself
-// (a mirrored neighbour), as at the edge of a single picture.
-Gdiplus::WrapMode tiling(litehtml::background_repeat repeat) {
-  switch (repeat) {
-    case litehtml::background_repeat_repeat_x:
-      return Gdiplus::WrapModeTileFlipY;
-    case litehtml::background_repeat_repeat_y:
-      return Gdiplus::WrapModeTileFlipX;
-    case litehtml::background_repeat_no_repeat:
-      return Gdiplus::WrapModeTileFlipXY;
-    case litehtml::background_repeat_repeat:
-      break;
-  }
-  return Gdiplus::WrapModeTile;
-}
-
-// Tiles the picture, scaled to tile's size and placed at tile's corner, over area.
-void fillWithPicture(Gdiplus::Graphics& graphics, Gdiplus::Bitmap& picture, const litehtml::position& tile,
-                     const litehtml::position& area, litehtml::background_repeat repeat) {
-  if (tile.width <= 0 || tile.height <= 0 || area.width <= 0 || area.height <= 0) return;
-  Gdiplus::TextureBrush brush(&picture, tiling(repeat));
-  brush.TranslateTransform(float(tile.x), float(tile.y));
-  brush.ScaleTransform(float(tile.width) / picture.GetWidth(), float(tile.height) / picture.GetHeight());
-  graphics.FillRectangle(&brush, rectOf(area));
-}
-
 // The part of the clip box that a background picture covers in its repeat mode.
 litehtml::position tiledArea(const litehtml::background_paint& layer) {
   const litehtml::position& clip = layer.clip_box;
@@ -160,7 +133,8 @@ void GdiContainer::draw_list_marker(litehtml::uint_ptr, const litehtml::list_mar
   Gdiplus::Graphics& graphics = canvas_->graphics();
   const litehtml::position& box = marker.pos;
   if (!marker.image.empty()) {
-    if (Gdiplus::Bitmap* picture = pictures_.picture(marker.image)) fillWithPicture(graphics, *picture, box, box, litehtml::background_repeat_no_repeat);
+    if (GdiPicture* picture = pictures_.picture(marker.image))
+      canvas_->fillWithPicture(*picture, box, box, litehtml::background_repeat_no_repeat);
     return;
   }
   switch (marker.marker_type) {
@@ -194,30 +168,30 @@ void GdiContainer::get_image_size(const char* src, const char*, litehtml::size& 
 
 void GdiContainer::draw_background(litehtml::uint_ptr, const std::vector<litehtml::background_paint>& layers) {
   if (!canvas_) return;
-  Gdiplus::Graphics& graphics = canvas_->graphics();
   // The farthest layer, with the background colour, comes last.
   for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
-    const bool rounded = hasRadius(layer->border_radius);
-    const Gdiplus::GraphicsState state = graphics.Save();
-    if (rounded) {
+    GdiPicture* picture = layer->image.empty() ? nullptr : pictures_.picture(layer->image);
+    const litehtml::position tile(layer->position_x, layer->position_y, layer->image_size.width,
+                                  layer->image_size.height);
+    if (!hasRadius(layer->border_radius)) {
+      const litehtml::position box = overlap(layer->clip_box, layer->border_box);
+      canvas_->fillRect(box, layer->color);
+      if (picture) canvas_->fillWithPicture(*picture, tile, overlap(tiledArea(*layer), box), layer->repeat);
+      continue;
+    }
+    canvas_->pushClip(layer->clip_box, litehtml::border_radiuses());
+    if (layer->color.alpha > 0) {
       Gdiplus::GraphicsPath border;
       addRoundedRectangle(border, layer->border_box, layer->border_radius);
-      graphics.SetClip(&border, Gdiplus::CombineModeIntersect);
-    }
-    graphics.SetClip(rectOf(layer->clip_box), Gdiplus::CombineModeIntersect);
-    if (rounded && layer->color.alpha > 0) {
       Gdiplus::SolidBrush brush(colorOf(layer->color));
-      graphics.FillRectangle(&brush, rectOf(layer->clip_box));
-    } else if (!rounded) {
-      canvas_->fillRect(overlap(layer->clip_box, layer->border_box), layer->color);
+      canvas_->graphics().FillPath(&brush, &border);
     }
-    Gdiplus::Bitmap* picture = layer->image.empty() ? nullptr : pictures_.picture(layer->image);
     if (picture) {
-      const litehtml::position tile(layer->position_x, layer->position_y, layer->image_size.width,
-                                    layer->image_size.height);
-      fillWithPicture(graphics, *picture, tile, tiledArea(*layer), layer->repeat);
+      canvas_->pushClip(layer->border_box, layer->border_radius);
+      canvas_->fillWithPicture(*picture, tile, tiledArea(*layer), layer->repeat);
+      canvas_->popClip();
     }
-    graphics.Restore(state);
+    canvas_->popClip();
   }
 }
 

@@ -3,7 +3,7 @@
 // with GDI, backgrounds, borders, markers and pictures with GDI+, onto the
 // HDC of a back buffer.
 #include "htmlui/engine/litehtml/GdiFonts.h"
-#include "htmlui/engine/litehtml/GdiplusPictures.h"
+#include "htmlui/engine/litehtml/GdiPictures.h"
 #include "htmlui/engine/litehtml/GdiplusSession.h"
 #include "htmlui/engine/litehtml/PageContainer.h"
 
@@ -44,7 +44,7 @@ class GdiContainer final : public PageContainer {
   // GDI+ is up before the pictures are made and until after they are gone.
   GdiplusSession session_;
   GdiFonts fonts_;
-  GdiplusPictures pictures_;
+  GdiPictures pictures_;
   // The surface of the paint under way; litehtml draws only from paint().
   GdiCanvas* canvas_ = nullptr;
 };

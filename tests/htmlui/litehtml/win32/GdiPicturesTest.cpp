@@ -21,7 +21,7 @@ TEST_F(GdiPicturesTest, PictureFromTheLoaderTakesItsSizeAndAppears) {
 
 TEST_F(GdiPicturesTest, PictureScalesToTheSizeThePageGivesTheRightWayUp) {
   constexpr std::uint32_t orange = 0xE08020;
-  files["res:logo.png"] = pngSquare(8, kBlue, orange);
+  files["res:logo.png"] = pngSquare(8, 0xFF000000 | kBlue, 0xFF000000 | orange);
   const PngPicture picture =
       render(R"(<img kvt1-node="2" src="res:logo.png" style="width:32px;height:24px">)", 100, "scaled");
   const LayoutBox image = box(2);
@@ -31,6 +31,28 @@ TEST_F(GdiPicturesTest, PictureScalesToTheSizeThePageGivesTheRightWayUp) {
   EXPECT_EQ(picture.count(image.x, image.y, 32, 10, isBlue), 32 * 10);
   EXPECT_EQ(picture.count(image.x, image.y + 14, 32, 10, [](std::uint32_t rgb) { return rgb == orange; }), 32 * 10);
   EXPECT_EQ(picture.at(image.x + 33, image.y + 12), kDialogGrey);
+}
+
+TEST_F(GdiPicturesTest, TranslucentPicturesBlendWithWhatLiesBelow) {
+  // Half-transparent red above, transparent below.
+  files["res:glass.png"] = pngSquare(16, 0x80CC0000, 0x00000000);
+  for (const char* size : {"16px", "32px"}) {
+    const PngPicture picture = render(std::string(R"(<div style="background-color:#ffffff;padding:4px">)") +
+                                          R"(<img kvt1-node="2" src="res:glass.png" style="width:)" + size +
+                                          ";height:" + size + R"("></div>)",
+                                      100, size);
+    const LayoutBox image = box(2);
+    const auto blended = [](std::uint32_t rgb) {
+      return (rgb >> 16) >= 0xE3 && (rgb >> 16) <= 0xE7 && ((rgb >> 8) & 0xFF) >= 0x7D && ((rgb >> 8) & 0xFF) <= 0x81;
+    };
+    EXPECT_EQ(picture.count(image.x, image.y, image.width, image.height / 2 - 2, blended),
+              image.width * (image.height / 2 - 2))
+        << size;
+    EXPECT_EQ(picture.count(image.x, image.y + image.height / 2 + 2, image.width, image.height / 2 - 2,
+                            [](std::uint32_t rgb) { return rgb == 0xFFFFFF; }),
+              image.width * (image.height / 2 - 2))
+        << size;
+  }
 }
 
 TEST_F(GdiPicturesTest, BackgroundPicturesRepeatAsTheStyleSays) {

@@ -54,8 +54,9 @@ std::vector<unsigned char> pngSquare(int size, std::uint32_t top, std::uint32_t 
   {
     Gdiplus::Bitmap square(size, size, PixelFormat32bppARGB);
     Gdiplus::Graphics graphics(&square);
-    graphics.Clear(Gdiplus::Color(0xFF000000 | top));
-    Gdiplus::SolidBrush lower(Gdiplus::Color(0xFF000000 | bottom));
+    graphics.Clear(Gdiplus::Color(top));
+    Gdiplus::SolidBrush lower{Gdiplus::Color(bottom)};
+    graphics.SetCompositingMode(Gdiplus::CompositingModeSourceCopy);
     graphics.FillRectangle(&lower, 0, size / 2, size, size - size / 2);
     if (square.Save(stream, &*encoder, nullptr) == Gdiplus::Ok) {
       STATSTG status{};

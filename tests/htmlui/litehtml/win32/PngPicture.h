@@ -29,8 +29,11 @@ class PngPicture {
 // Text ink: every channel well below the dialog grey.
 bool isDark(std::uint32_t rgb);
 
-// A square of one colour, or of two: the top half, then the bottom half.
+// A square of two colours (0xAARRGGBB): the top half, then the bottom half.
 std::vector<unsigned char> pngSquare(int size, std::uint32_t top, std::uint32_t bottom);
-inline std::vector<unsigned char> pngSquare(int size, std::uint32_t rgb) { return pngSquare(size, rgb, rgb); }
+// An opaque square of one colour (0xRRGGBB).
+inline std::vector<unsigned char> pngSquare(int size, std::uint32_t rgb) {
+  return pngSquare(size, 0xFF000000 | rgb, 0xFF000000 | rgb);
+}
 
 }  // namespace kvt1::html::test
