@@ -85,15 +85,8 @@ bool GdiContainer::paint(litehtml::document& document, std::uintptr_t context, c
 
 bool GdiContainer::renderPng(litehtml::document& document, int width, int height, const std::string& path) {
   if (width <= 0 || height <= 0) return false;
-  BITMAPINFO format{};
-  format.bmiHeader.biSize = sizeof(format.bmiHeader);
-  format.bmiHeader.biWidth = width;
-  format.bmiHeader.biHeight = -height;  // top row first, as GDI+ expects its scan lines
-  format.bmiHeader.biPlanes = 1;
-  format.bmiHeader.biBitCount = 32;
-  format.bmiHeader.biCompression = BI_RGB;
   void* pixels = nullptr;
-  const HBITMAP bitmap = CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &pixels, nullptr, 0);
+  const HBITMAP bitmap = createPixelSection(width, height, &pixels);
   if (!bitmap) return false;
   const HDC dc = CreateCompatibleDC(nullptr);
   const HGDIOBJ previous = SelectObject(dc, bitmap);
@@ -148,11 +141,9 @@ void GdiContainer::draw_list_marker(litehtml::uint_ptr, const litehtml::list_mar
       graphics.FillEllipse(&brush, rectOf(box));
       break;
     }
-    case litehtml::list_style_type_square: {
-      Gdiplus::SolidBrush brush(colorOf(marker.color));
-      graphics.FillRectangle(&brush, rectOf(box));
+    case litehtml::list_style_type_square:
+      canvas_->fillRect(box, marker.color);
       break;
-    }
     default:
       break;
   }

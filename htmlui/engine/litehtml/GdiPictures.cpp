@@ -6,10 +6,8 @@
 #include <cstring>
 
 namespace kvt1::html {
-namespace {
 
-// A top-down 32-bit DIB section of the given size; null when it cannot be made.
-HBITMAP pixelSection(int width, int height, void** pixels) {
+HBITMAP createPixelSection(int width, int height, void** pixels) {
   BITMAPINFO format{};
   format.bmiHeader.biSize = sizeof(format.bmiHeader);
   format.bmiHeader.biWidth = width;
@@ -19,8 +17,6 @@ HBITMAP pixelSection(int width, int height, void** pixels) {
   format.bmiHeader.biCompression = BI_RGB;
   return CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, pixels, nullptr, 0);
 }
-
-}  // namespace
 
 std::unique_ptr<GdiPicture> GdiPicture::decode(const std::vector<unsigned char>& bytes) {
   if (bytes.empty() || bytes.size() > UINT_MAX) return nullptr;
@@ -37,7 +33,7 @@ std::unique_ptr<GdiPicture> GdiPicture::decode(const std::vector<unsigned char>&
     if (decoded.GetLastStatus() == Gdiplus::Ok && width > 0 && height > 0 && width <= INT_MAX / 4 &&
         height <= INT_MAX / (width * 4) &&
         decoded.LockBits(&whole, Gdiplus::ImageLockModeRead, PixelFormat32bppPARGB, &source) == Gdiplus::Ok) {
-      if (const HBITMAP section = pixelSection(int(width), int(height), &pixels)) {
+      if (const HBITMAP section = createPixelSection(int(width), int(height), &pixels)) {
         for (UINT row = 0; row < height; ++row) {
           std::memcpy(static_cast<BYTE*>(pixels) + std::size_t(row) * width * 4,
                       static_cast<const BYTE*>(source.Scan0) + INT_PTR(row) * source.Stride, std::size_t(width) * 4);

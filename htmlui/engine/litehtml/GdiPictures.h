@@ -14,6 +14,10 @@
 
 namespace kvt1::html {
 
+// A 32-bit DIB section, top row first as GDI+ lays out its scan lines;
+// null when it cannot be made.
+HBITMAP createPixelSection(int width, int height, void** pixels);
+
 class GdiPicture {
  public:
   // Null when the bytes are not a picture GDI+ can decode.
@@ -36,7 +40,7 @@ class GdiPicture {
   HBITMAP section_;
   int width_;
   int height_;
-  // Shares the section's pixels, so goes first.
+  // Shares the section's pixels: released before the section.
   std::unique_ptr<Gdiplus::Bitmap> bitmap_;
 };
 
