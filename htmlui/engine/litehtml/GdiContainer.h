@@ -1,7 +1,9 @@
 #pragma once
-// litehtml's drawing and font services on Windows: text measured and drawn
-// with GDI, backgrounds, borders, markers and pictures with GDI+, onto the
-// HDC of a back buffer.
+// litehtml's drawing and font services on Windows, onto the HDC of a back
+// buffer: text measured and drawn with GDI; opaque boxes and pictures at
+// their own size by GDI too, exact on whole pixels and fast; rounded,
+// translucent and broken shapes, markers and scaled or tiled pictures with
+// GDI+, anti-aliased.
 #include "htmlui/engine/litehtml/GdiFonts.h"
 #include "htmlui/engine/litehtml/GdiPictures.h"
 #include "htmlui/engine/litehtml/GdiplusSession.h"
