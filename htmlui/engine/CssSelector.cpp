@@ -1,5 +1,8 @@
 #include "htmlui/engine/CssSelector.h"
 
+#include <algorithm>
+#include <bitset>
+
 namespace kvt1::html {
 namespace {
 
@@ -27,7 +30,8 @@ const StatePseudo kStatePseudos[] = {
 
 class Compiler {
  public:
-  Compiler(std::wstring_view text, const AtomTable& atoms) : text_(text), atoms_(atoms) {}
+  Compiler(std::wstring_view text, const AtomTable& atoms, AtomTable* interning)
+      : text_(text), atoms_(atoms), interning_(interning) {}
 
   bool list(std::vector<Complex>& out) {
     for (;;) {
@@ -48,6 +52,9 @@ class Compiler {
   }
 
   bool at(wchar_t c) const { return pos_ < text_.size() && text_[pos_] == c; }
+
+  // The atom of a name; without interning, kNoAtom for a name never seen.
+  Atom atomOf(std::wstring_view name) const { return interning_ != nullptr ? interning_->intern(name) : atoms_.find(name); }
 
   std::wstring_view ident() {
     const std::size_t start = pos_;
@@ -84,7 +91,7 @@ class Compiler {
       ++pos_;
       any = true;
     } else if (pos_ < text_.size() && isIdentChar(text_[pos_])) {
-      c.tag = atoms_.find(asciiLower(ident()));
+      c.tag = atomOf(asciiLower(ident()));
       if (c.tag == kNoAtom) c.impossible = true;
       any = true;
     }
@@ -94,7 +101,7 @@ class Compiler {
         ++pos_;
         const std::wstring_view name = ident();
         if (name.empty()) return false;
-        const Atom atom = atoms_.find(name);
+        const Atom atom = atomOf(name);
         if (atom == kNoAtom) c.impossible = true;
         if (isId) {
           if (c.hasId && c.id != atom) c.impossible = true;
@@ -121,7 +128,7 @@ class Compiler {
     const std::wstring_view name = ident();
     if (name.empty()) return false;
     Selector::AttributeTest test;
-    test.key = atoms_.find(asciiLower(name));
+    test.key = atomOf(asciiLower(name));
     if (test.key == kNoAtom) c.impossible = true;
     c.attributeMask |= atomBit(test.key);
     skipSpaces();
@@ -197,6 +204,7 @@ class Compiler {
 
   std::wstring_view text_;
   const AtomTable& atoms_;
+  AtomTable* interning_;
   std::size_t pos_ = 0;
 };
 
@@ -300,11 +308,27 @@ bool complexMatches(const Complex& complex, std::size_t index, const OrderEntry*
   return false;
 }
 
+// Ids count in the hundreds, classes, attribute tests and pseudo-classes in
+// the tens, types in ones; a negation counts as what it holds.
+int specificityOf(const Compound& c) {
+  int specificity = (c.hasId ? 100 : 0) + (c.tag != kNoAtom ? 1 : 0);
+  specificity += 10 * static_cast<int>(c.classes.size() + c.attributes.size() + std::bitset<32>(c.states).count());
+  specificity += 10 * ((c.root ? 1 : 0) + (c.firstChild ? 1 : 0) + (c.lastChild ? 1 : 0));
+  for (const Compound& negated : c.negations) specificity += specificityOf(negated);
+  return specificity;
+}
+
 }  // namespace
 
 std::optional<Selector> Selector::compile(std::wstring_view text, const AtomTable& atoms) {
   Selector selector;
-  if (!Compiler(text, atoms).list(selector.alternatives_)) return std::nullopt;
+  if (!Compiler(text, atoms, nullptr).list(selector.alternatives_)) return std::nullopt;
+  return selector;
+}
+
+std::optional<Selector> Selector::compileInterned(std::wstring_view text, AtomTable& atoms) {
+  Selector selector;
+  if (!Compiler(text, atoms, &atoms).list(selector.alternatives_)) return std::nullopt;
   return selector;
 }
 
@@ -322,6 +346,17 @@ bool Selector::matches(const Element& element, const Element* scope) const {
   for (const Complex& complex : alternatives_)
     if (complexMatches(complex, complex.compounds.size() - 1, element, scope)) return true;
   return false;
+}
+
+int Selector::matchSpecificity(const Element& element, const Element* scope) const {
+  int best = -1;
+  for (const Complex& complex : alternatives_) {
+    if (!complexMatches(complex, complex.compounds.size() - 1, element, scope)) continue;
+    int specificity = 0;
+    for (const Compound& c : complex.compounds) specificity += specificityOf(c);
+    best = std::max(best, specificity);
+  }
+  return best;
 }
 
 bool Selector::matches(const OrderEntry* order, std::uint32_t index, const Element* scope) const {

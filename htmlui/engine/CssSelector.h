@@ -20,8 +20,14 @@ class Selector {
  public:
   // None when the text is not a selector the engine knows.
   static std::optional<Selector> compile(std::wstring_view text, const AtomTable& atoms);
+  // The same, with the names it holds interned: it stays good for elements
+  // made later, as a style sheet's rules must.
+  static std::optional<Selector> compileInterned(std::wstring_view text, AtomTable& atoms);
 
   bool matches(const Element& element, const Element* scope) const;
+  // The specificity of the most specific alternative that matches element
+  // (ids 100, classes, attributes and pseudo-classes 10, types 1); -1 when none does.
+  int matchSpecificity(const Element& element, const Element* scope) const;
   // The same test for order[index], read from the order's copies first.
   bool matches(const OrderEntry* order, std::uint32_t index, const Element* scope) const;
   // True when no element with these names can match: a test that reads no

@@ -183,6 +183,7 @@ BOOL DomEngine::LoadHtmlEx(HWND hwnd, LPCBYTE html, UINT htmlSize, LPCWSTR baseU
     collect(*old, false);
   }
   view.importedStyles.clear();
+  view.sheetBehaviors = StyleBehaviors();
   view.baseUrl = baseUrl != nullptr ? baseUrl : L"";
   installPage(view, parseHtml(decodePageBytes(html, htmlSize), tree_));
   startClock(view);
@@ -190,6 +191,7 @@ BOOL DomEngine::LoadHtmlEx(HWND hwnd, LPCBYTE html, UINT htmlSize, LPCWSTR baseU
   initialStates(*root);
   changed();
   loadResources(view);
+  if (View* loaded = findView(hwnd)) gatherStyleBehaviors(*loaded);
   if (Element* page = tree_.find(view.root)) attachBehaviors(*page);
   NMHDR loaded{hwnd, 0, HLN_DOCUMENT_LOADED};
   notify(hwnd, loaded);

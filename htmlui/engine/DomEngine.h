@@ -17,6 +17,7 @@
 #include "htmlui/engine/DomTree.h"
 #include "htmlui/engine/HtmlEngine.h"
 #include "htmlui/engine/LayoutProvider.h"
+#include "htmlui/engine/StyleBehaviors.h"
 
 namespace kvt1::html {
 
@@ -117,6 +118,10 @@ class DomEngine : public HtmlEngine {
   // A key (KEY_DOWN, KEY_UP or KEY_CHAR) for the view's focused element, the
   // root when none has the focus; true when a handler handled it.
   bool key(HWND hwnd, UINT cmd, UINT code, UINT altState);
+  // The behaviour names of an element: its "behavior" attribute, else its
+  // style's "behavior" (runtime, inline, then the page's style sheets); none
+  // when nothing gives it one.
+  std::optional<std::wstring> behaviorOf(HELEMENT he);
   // A pointer event (MOUSE_DOWN, MOUSE_UP, ...) at he, pt in view
   // coordinates; a MOUSE_DOWN that no handler handled gives the focus to the
   // nearest element that takes it. True when a handler handled the event.
@@ -167,6 +172,7 @@ class DomEngine : public HtmlEngine {
     std::vector<HandlerEntry> handlers;
     std::wstring baseUrl;
     std::map<std::wstring, std::wstring> importedStyles;
+    StyleBehaviors sheetBehaviors;  // "behavior" as the page's style sheets declare it
     std::wstring pendingUri;  // the URI of the load request being answered
     bool pending = false;
     std::string pendingData;
@@ -227,6 +233,10 @@ class DomEngine : public HtmlEngine {
   Element* cloneTree(const Element& source);
   void installPage(View& view, std::vector<Node> nodes);
   void loadResources(View& view);
+  // Takes the "behavior" rules of the page's style sheets in cascade order:
+  // each <style> and linked sheet in document order, its imports first.
+  void gatherStyleBehaviors(View& view);
+  std::optional<std::wstring> behaviorNames(const Element& e, const View* view) const;
   void requestData(HWND hwnd, const std::wstring& uri, UINT type, HELEMENT principal, int depth);
   LRESULT notify(HWND hwnd, NMHDR& header);
 

@@ -4,6 +4,7 @@
 
 #include "htmlui/engine/DomEngine.h"
 #include "htmlui/engine/HtmlValue.h"
+#include "htmlui/engine/InlineStyle.h"
 #include "platform/Unicode.h"
 
 namespace kvt1::html {
@@ -182,26 +183,36 @@ HLDOM_RESULT DomEngine::CallBehaviorMethod(HELEMENT he, METHOD_PARAMS* params) {
   return HLDOM_OK_NOT_HANDLED;
 }
 
+std::optional<std::wstring> DomEngine::behaviorNames(const Element& e, const View* view) const {
+  if (const std::wstring* attribute = tree_.attributeValue(e, "behavior")) return *attribute;
+  if (std::optional<std::wstring> styled = effectiveStyle(e, tree_.attributeValue(e, "style"), "behavior"))
+    return styled;
+  return view != nullptr ? view->sheetBehaviors.of(e) : std::nullopt;
+}
+
+std::optional<std::wstring> DomEngine::behaviorOf(HELEMENT he) {
+  Element* e = element(he);
+  return e != nullptr ? behaviorNames(*e, viewOf(*e)) : std::nullopt;
+}
+
 void DomEngine::attachBehaviors(Element& top) {
   View* view = viewOf(top);
   if (view == nullptr) return;
   const HWND hwnd = view->hwnd;
-  const Atom behaviorKey = tree_.atoms().find(L"behavior");
-  if (behaviorKey == kNoAtom) return;
-  std::vector<std::uint32_t> pending;
+  std::vector<std::pair<std::uint32_t, std::string>> pending;
   const auto consider = [&](Element& e) {
-    if (!e.behaviorsAttached && e.attributeValue(behaviorKey) != nullptr) pending.push_back(e.number);
+    if (e.behaviorsAttached) return;
+    if (std::optional<std::wstring> names = behaviorNames(e, view)) pending.emplace_back(e.number, platform::toUtf8(*names));
   };
   consider(top);
   forEachDescendant(top, [&](Element& e, std::size_t) {
     consider(e);
     return true;
   });
-  for (const std::uint32_t n : pending) {
+  for (const auto& [n, names] : pending) {
     Element* e = tree_.find(n);
     if (e == nullptr) continue;
     e->behaviorsAttached = true;
-    const std::string names = platform::toUtf8(*e->attributeValue(behaviorKey));
     std::size_t pos = 0;
     while (pos < names.size()) {
       const std::size_t end = std::min(names.find_first_of(" ,\t", pos), names.size());

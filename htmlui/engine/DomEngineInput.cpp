@@ -36,8 +36,7 @@ bool isClickable(DomEngine& engine, HELEMENT he) {
   if (engine.GetElementType(he, &tag) != HLDOM_OK || tag == nullptr) return false;
   for (const char* clickable : kClickableTags)
     if (std::strcmp(tag, clickable) == 0) return true;
-  LPCWSTR behavior = nullptr;
-  return engine.GetAttributeByName(he, "behavior", &behavior) == HLDOM_OK && behavior != nullptr;
+  return engine.behaviorOf(he).has_value();
 }
 
 // The element under the point that takes the click: the innermost clickable

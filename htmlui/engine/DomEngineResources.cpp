@@ -66,6 +66,30 @@ void DomEngine::loadResources(View& view) {
   }
 }
 
+void DomEngine::gatherStyleBehaviors(View& view) {
+  Element* root = tree_.find(view.root);
+  if (root == nullptr) return;
+  const auto add = [&](const std::wstring& css, int depth, const auto& self) -> void {
+    if (depth < kMaxImportDepth) {
+      for (const StyleImport& rule : findStyleImports(css)) {
+        const auto imported = view.importedStyles.find(rule.uri);
+        if (imported != view.importedStyles.end()) self(imported->second, depth + 1, self);
+      }
+    }
+    view.sheetBehaviors.addSheet(css, tree_.atoms());
+  };
+  forEachDescendant(*root, [&](Element& e, std::size_t) {
+    if (e.tag == "style") {
+      add(rawText(e), 0, add);
+    } else if (e.tag == "link" && isStyleSheetLink(tree_.attributeValue(e, "rel"))) {
+      const std::wstring* href = tree_.attributeValue(e, "href");
+      const auto linked = href != nullptr ? view.importedStyles.find(*href) : view.importedStyles.end();
+      if (linked != view.importedStyles.end()) add(linked->second, 1, add);
+    }
+    return true;
+  });
+}
+
 void DomEngine::requestData(HWND hwnd, const std::wstring& uri, UINT type, HELEMENT principal, int depth) {
   View* view = findView(hwnd);
   if (view == nullptr || (type == HLRT_DATA_STYLE && view->importedStyles.count(uri) != 0)) return;

@@ -1,12 +1,10 @@
 #include "tests/htmlui/dialogs/ProductDialogTest.h"
 
-#include "platform/Resources.h"
-#include "platform/ThisModule.h"
-#ifndef _WIN32
 #include "htmlui/HTMPage.h"
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
+#include "platform/Resources.h"
+#include "platform/ThisModule.h"
 #include "platform/Unicode.h"
-#endif
 
 namespace kvt1::testing {
 
@@ -26,7 +24,6 @@ TestInstallation& ProductDialogTest::installation() {
   return product;
 }
 
-#ifndef _WIN32
 void ProductDialogTest::useLitehtml() {
   auto layout = std::make_unique<html::LitehtmlLayout>();
   layout->setImageLoader([](const std::string& url) {
@@ -39,6 +36,5 @@ void ProductDialogTest::useLitehtml() {
   });
   engine_.setLayoutProvider(std::move(layout));
 }
-#endif
 
 }  // namespace kvt1::testing

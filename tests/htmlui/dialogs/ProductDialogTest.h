@@ -3,7 +3,7 @@
 // resources (the module's pages and pictures, the English texts) as the
 // module's, one installation of the product for the whole program (the
 // settings keep what they read once), a dialog that plays its steps from a
-// timer, and on Linux litehtml to lay pages out and draw them.
+// timer, and litehtml to lay pages out and draw them.
 #include <cstdint>
 #include <functional>
 #include <utility>
@@ -21,10 +21,8 @@ class ProductDialogTest : public DialogTest {
   void TearDown() override;
 
   static TestInstallation& installation();
-#ifndef _WIN32
   // Lays pages out with litehtml, its pictures read from this program's resources.
   void useLitehtml();
-#endif
 };
 
 // A product dialog that runs its steps, one per tick of timer 7, once its page is up.

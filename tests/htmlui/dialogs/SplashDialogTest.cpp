@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/ModuleVersion.h"
+#include "htmlui/engine/AutomationMessages.h"
 #include "platform/DialogWindow.h"
 #include "tests/htmlui/dialogs/ProductDialogTest.h"
 #ifndef _WIN32
@@ -122,6 +123,25 @@ TEST_F(SplashDialogTest, ItsOwnTimerRunsOnTheDesktopsClock) {
 TEST_F(SplashDialogTest, AClickOnItClosesItAtOnce) {
   ASSERT_TRUE(splash.ShowAtStartUp());
   engine_.click(splash.ElementById(L"clickArea").Handle());
+  EXPECT_EQ(splash.RemainingTicks(), 0u);
+  platform::pumpPendingMessages();
+  EXPECT_FALSE(splash.IsShown());
+}
+
+TEST_F(SplashDialogTest, APointerClickOnThePictureClosesIt) {
+  useLitehtml();
+  ASSERT_TRUE(splash.ShowAtStartUp());
+  const HWND hwnd = splash.GetHwnd();
+  html::AutomationQuery query;
+  query.selector = L"#clickArea";
+  ASSERT_EQ(platform::sendMessage(hwnd, html::kWmAutomationLocate, 0, reinterpret_cast<std::intptr_t>(&query)), 1);
+  ASSERT_TRUE(query.visible);
+  EXPECT_EQ(query.rect.right - query.rect.left, CKVTSplash::kPictureWidth);
+  // Inside the picture, away from its lines of text.
+  const std::intptr_t at = (static_cast<std::intptr_t>(query.rect.top + 100) << 16) | (query.rect.left + 100);
+  platform::sendMessage(hwnd, WM_MOUSEMOVE, 0, at);
+  platform::sendMessage(hwnd, WM_LBUTTONDOWN, 1, at);
+  platform::sendMessage(hwnd, WM_LBUTTONUP, 0, at);
   EXPECT_EQ(splash.RemainingTicks(), 0u);
   platform::pumpPendingMessages();
   EXPECT_FALSE(splash.IsShown());
