@@ -47,17 +47,13 @@ TEST_F(GallerySession, EveryControlAnswersTheUserAndIsDrawnAsItStands) {
                                L"\n@snapshot tooltip"
                                L"\n@click btnClose"
                                L"\nGALLERY\n");
-#ifdef _WIN32
-  // No htmlayout.dll beside the test program.
-  EXPECT_TRUE(contains(out, L"gallery: no HTML engine on this system\n")) << platform::toUtf8(out);
-#else
   for (const wchar_t* reported : {L"gallery: menu command 1\n", L"gallery: context command 10 on divNote\n",
                                   L"gallery: surface tab Transitional\n", L"gallery: surface tab Take-off climb\n",
                                   L"gallery: edtLength = 4000 (brought within its limits)\n",
                                   L"gallery: edtSlope = 2.00 (not a number: kept)\n", L"gallery: closed (1)\n"})
     EXPECT_TRUE(contains(out, reported)) << platform::toUtf8(reported) << "\n" << platform::toUtf8(out);
   EXPECT_EQ(session->faults(), 0) << platform::toUtf8(out);
-
+#ifndef _WIN32
   const html::test::PngPixels start(platform::toUtf8(folder + L"/2-start.png"));
   const html::test::PngPixels menuBar(platform::toUtf8(folder + L"/3-menu-bar.png"));
   const html::test::PngPixels contextMenu(platform::toUtf8(folder + L"/4-context-menu.png"));
