@@ -18,10 +18,10 @@ bool readNode(const litehtml::element::ptr& element, int& node) {
   return true;
 }
 
-// litehtml places an element's content box; its padding and border widths
-// come from its computed style, percentages against the containing width.
-LayoutBox borderBox(const litehtml::element::ptr& element, int containingWidth) {
-  const litehtml::position content = element->get_placement();
+// The border box around a content box: padding and border widths come from
+// the element's computed style, percentages against the containing width.
+LayoutBox aroundContent(const litehtml::position& content, const litehtml::element::ptr& element,
+                        int containingWidth) {
   const litehtml::css_properties& css = element->css();
   const litehtml::css_margins& padding = css.get_padding();
   const litehtml::css_borders& borders = css.get_borders();
@@ -74,10 +74,16 @@ std::optional<LayoutBox> NodeGeometry::visit(const litehtml::element::ptr& eleme
   for (const litehtml::element::ptr& child : element->children()) {
     if (auto box = visit(child, layer, depth + 1, childrenWidth)) children = children ? unite(*children, *box) : *box;
   }
-  // Inline elements and table rows have no box of their own in litehtml:
-  // they cover what they hold.
-  LayoutBox own = borderBox(element, containingWidth);
-  if (own.width == 0 && own.height == 0 && children) own = *children;
+  // litehtml places the content box of an element, but inline elements and
+  // table rows have none of their own: they cover what they hold (an inline
+  // element with its padding and border).
+  LayoutBox own;
+  if (children && css.get_display() == litehtml::display_inline) {
+    own = aroundContent({children->x, children->y, children->width, children->height}, element, containingWidth);
+  } else {
+    own = aroundContent(element->get_placement(), element, containingWidth);
+    if (own.width == 0 && own.height == 0 && children) own = *children;
+  }
   if (numbered) entries_[index].box = own;
   return own;
 }

@@ -138,6 +138,20 @@ TEST_F(LitehtmlGeometryTest, ButtonsOfARightAlignedRowStayInsideIt) {
   EXPECT_LT(boxOf(3).x + boxOf(3).width, last.x);
 }
 
+TEST_F(LitehtmlGeometryTest, AnInlineElementCoversItsTextWithItsPaddingAndBorder) {
+  const auto span = [](const char* style) {
+    return page(std::string("<p kvt1-node=\"2\">Check <span kvt1-node=\"3\" style=\"") + style +
+                "\">the settings</span> now</p>");
+  };
+  ASSERT_TRUE(layout.layout(span(""), 300));
+  const LayoutBox plain = boxOf(3);
+  ASSERT_TRUE(layout.layout(span("padding:0 4px;border:1px solid #000000"), 300));
+  const LayoutBox framed = boxOf(3);
+  EXPECT_EQ(framed.width, plain.width + 10);
+  EXPECT_EQ(framed.height, plain.height + 2);
+  EXPECT_EQ(layout.hitTest(framed.x + 1, framed.y + framed.height / 2), 3);
+}
+
 TEST_F(LitehtmlGeometryTest, IntrinsicWidthsFollowTheContent) {
   const std::string shortText = page("<p kvt1-node=\"2\">Short words only</p>");
   const std::string longText =

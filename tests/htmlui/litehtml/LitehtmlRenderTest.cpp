@@ -1,6 +1,7 @@
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
 #include "tests/htmlui/litehtml/PngPixels.h"
 
+#include <cairo.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -120,6 +121,33 @@ TEST_F(LitehtmlRenderTest, ImagesComeFromTheLoader) {
   EXPECT_EQ(image->width, 16);
   EXPECT_EQ(image->height, 16);
   EXPECT_EQ(picture.at(image->x + 8, image->y + 8), 0xFFFF0000u);
+}
+
+// A window paints the part that needs it onto its own Cairo context.
+TEST_F(LitehtmlRenderTest, PaintDrawsTheAskedPartOntoTheContext) {
+  layout.setImageLoader([](const std::string&) { return test::pngSquare(16, 0xFF0000); });
+  const PngPixels whole =
+      render(page("<p kvt1-node=\"2\">Text above</p><img kvt1-node=\"3\" src=\"IMG_LOGO.IMAGES\"/>"), 120,
+             "whole.png");
+  const LayoutBox image = *layout.box(3);
+  const LayoutBox area{0, image.y, 120, image.height};
+  ASSERT_GT(area.y, 2);
+
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, whole.width(), whole.height());
+  cairo_t* cr = cairo_create(surface);
+  cairo_set_source_rgb(cr, 0, 0, 1);
+  cairo_paint(cr);
+  EXPECT_TRUE(layout.paint(reinterpret_cast<std::uintptr_t>(cr), area));
+  EXPECT_FALSE(LitehtmlLayout().paint(reinterpret_cast<std::uintptr_t>(cr), area));  // nothing laid out
+  cairo_destroy(cr);
+  ASSERT_EQ(cairo_surface_write_to_png(surface, file("painted.png").c_str()), CAIRO_STATUS_SUCCESS);
+  cairo_surface_destroy(surface);
+
+  const PngPixels painted(file("painted.png"));
+  EXPECT_EQ(painted.differenceIn(whole, area.x, area.y, area.width, area.height), 0.0);
+  EXPECT_EQ(painted.at(image.x + 8, image.y + 8), 0xFFFF0000u);
+  EXPECT_EQ(painted.at(1, 1), 0xFF0000FFu);  // outside the part: as it was
+  EXPECT_EQ(painted.at(1, area.y + area.height), 0xFF0000FFu);
 }
 
 TEST_F(LitehtmlRenderTest, BrokenImageDataLeavesAnEmptyPlace) {
