@@ -45,7 +45,7 @@ struct Element {
   std::vector<Attribute> attributes;
   std::vector<Node> children;
   // Place in the document order of its tree: itself at orderIndex, its
-  // descendants up to orderEnd (see DomEngine::documentOrder).
+  // descendants up to orderEnd (see DomTree::order).
   std::uint32_t orderIndex = 0;
   std::uint32_t orderEnd = 0;
 

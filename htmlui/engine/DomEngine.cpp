@@ -42,69 +42,19 @@ DomEngine::View* DomEngine::viewOf(const Element& e) {
   return top->view != nullptr ? findView(top->view) : nullptr;
 }
 
-void DomEngine::removeFromParent(Element& e) {
-  if (e.parent == nullptr) return;
-  std::vector<Node>& siblings = e.parent->children;
-  const std::size_t position = e.parent->nodePosition(&e);
-  if (position < siblings.size()) siblings.erase(siblings.begin() + static_cast<std::ptrdiff_t>(position));
-  e.parent = nullptr;
-  ++structure_;
-}
-
-void DomEngine::insertNodes(Element& parent, std::size_t position, std::vector<Node> nodes) {
-  for (Node& node : nodes)
-    if (node.element != nullptr) node.element->parent = &parent;
-  position = std::min(position, parent.children.size());
-  parent.children.insert(parent.children.begin() + static_cast<std::ptrdiff_t>(position),
-                         std::make_move_iterator(nodes.begin()), std::make_move_iterator(nodes.end()));
-  ++structure_;
-}
-
-const std::vector<OrderEntry>& DomEngine::documentOrder(Element& top) {
-  if (ordersStructure_ != structure_ || ordersAttributes_ != tree_.attributeVersion()) {
-    orders_.clear();
-    ordersStructure_ = structure_;
-    ordersAttributes_ = tree_.attributeVersion();
-  }
-  std::vector<OrderEntry>& order = orders_[top.number];
-  if (!order.empty()) return order;
-  const auto add = [&](Element& e, std::uint32_t parent) {
-    e.orderIndex = e.orderEnd = static_cast<std::uint32_t>(order.size());
-    order.push_back(OrderEntry::of(e, parent));
-  };
-  add(top, OrderEntry::kNoParent);
-  // Parents are added before their children, so a parent's index is known.
-  forEachDescendant(top, [&](Element& e, std::size_t) {
-    add(e, e.parent->orderIndex);
-    return true;
-  });
-  // Parents come before their children: a backward pass carries each end up.
-  for (OrderEntry& entry : order) ++entry.element->orderEnd;
-  for (std::size_t i = order.size(); i-- > 1;) {
-    Element* parent = order[i].element->parent;
-    parent->orderEnd = std::max(parent->orderEnd, order[i].element->orderEnd);
-  }
-  return order;
-}
-
 void DomEngine::collect(Element& top, bool force) {
-  ++structure_;
+  if (top.parent != nullptr && !top.parent->dying) tree_.remove(top);
   std::vector<Element*> doomed;
   std::vector<Element*> pending{&top};
   while (!pending.empty()) {
     Element* e = pending.back();
     pending.pop_back();
     doomed.push_back(e);
-    for (const Node& node : e->children) {
-      if (node.element == nullptr) continue;
-      if (!force && node.element->useCount > 0)
-        node.element->parent = nullptr;  // still in use: lives on, detached
-      else
-        pending.push_back(node.element);
-    }
+    // Children still in use live on, detached.
+    for (const Node& node : tree_.takeChildren(*e))
+      if (node.element != nullptr && (force || node.element->useCount == 0)) pending.push_back(node.element);
   }
   for (Element* e : doomed) e->dying = true;
-  if (top.parent != nullptr && !top.parent->dying) removeFromParent(top);
   for (Element* e : doomed) {
     const std::vector<HandlerEntry> handlers = std::move(e->handlers);
     for (const HandlerEntry& h : handlers)
@@ -159,15 +109,15 @@ void DomEngine::installPage(View& view, std::vector<Node> nodes) {
       Element* e = node.element;
       if (e != nullptr && (e->tag == "head" || (e->tag == "body" && body == nullptr))) {
         if (e->tag == "body") body = e;
-        insertNodes(*html, html->children.size(), {std::move(node)});
+        tree_.append(*html, std::move(node));
         continue;
       }
       if (e == nullptr && body == nullptr && isBlank(node.text)) continue;
       if (body == nullptr) {
         body = tree_.create("body");
-        insertNodes(*html, html->children.size(), {Node{body, {}}});
+        tree_.append(*html, Node{body, {}});
       }
-      insertNodes(*body, body->children.size(), {std::move(node)});
+      tree_.append(*body, std::move(node));
     }
   }
   html->view = view.hwnd;
@@ -391,21 +341,15 @@ Element* DomEngine::cloneTree(const Element& source) {
   for (const Attribute& a : source.attributes) tree_.setAttribute(*copy, a.name, a.value);
   copy->runtimeStyles = source.runtimeStyles;
   copy->state = source.state & ~kTransientStates;
-  for (const Node& node : source.children) {
-    Node child{nullptr, node.text};
-    if (node.element != nullptr) {
-      child.element = cloneTree(*node.element);
-      child.element->parent = copy;
-    }
-    copy->children.push_back(std::move(child));
-  }
+  for (const Node& node : source.children)
+    tree_.append(*copy, Node{node.element != nullptr ? cloneTree(*node.element) : nullptr, node.text});
   return copy;
 }
 
 HLDOM_RESULT DomEngine::CreateElement(LPCSTR tagName, LPCWSTR textOrNull, HELEMENT* phe) {
   if (tagName == nullptr || *tagName == '\0' || phe == nullptr) return HLDOM_INVALID_PARAMETER;
   Element* e = tree_.create(tagName);
-  if (textOrNull != nullptr && *textOrNull != L'\0') e->children.push_back(Node{nullptr, textOrNull});
+  if (textOrNull != nullptr && *textOrNull != L'\0') tree_.append(*e, Node{nullptr, textOrNull});
   e->useCount = 1;
   *phe = toHandle(e);
   return HLDOM_OK;
@@ -426,9 +370,9 @@ HLDOM_RESULT DomEngine::InsertElement(HELEMENT he, HELEMENT hParent, UINT index)
   Element* parent = element(hParent);
   if (e == nullptr || parent == nullptr) return HLDOM_INVALID_HANDLE;
   if (e == parent || e->isAncestorOf(parent) || e->view != nullptr) return HLDOM_INVALID_PARAMETER;
-  removeFromParent(*e);
+  tree_.remove(*e);
   Element* before = parent->elementChild(index);
-  insertNodes(*parent, before != nullptr ? parent->nodePosition(before) : parent->children.size(), {Node{e, {}}});
+  tree_.insert(*parent, before != nullptr ? parent->nodePosition(before) : parent->children.size(), {Node{e, {}}});
   changed();
   attachBehaviors(*e);
   return HLDOM_OK;
@@ -438,7 +382,7 @@ HLDOM_RESULT DomEngine::DetachElement(HELEMENT he) {
   Element* e = element(he);
   if (e == nullptr) return HLDOM_INVALID_HANDLE;
   if (e->view != nullptr) return HLDOM_OPERATION_FAILED;
-  removeFromParent(*e);
+  tree_.remove(*e);
   changed();
   if (e->useCount == 0) collect(*e, false);
   return HLDOM_OK;
@@ -449,7 +393,7 @@ HLDOM_RESULT DomEngine::DeleteElement(HELEMENT he) {
   if (e == nullptr) return HLDOM_INVALID_HANDLE;
   if (View* view = e->view != nullptr ? findView(e->view) : nullptr) view->root = 0;
   e->view = nullptr;
-  removeFromParent(*e);
+  tree_.remove(*e);
   collect(*e, true);
   return HLDOM_OK;
 }
@@ -461,15 +405,7 @@ HLDOM_RESULT DomEngine::SwapElements(HELEMENT he1, HELEMENT he2) {
   if (a == b) return HLDOM_OK;
   if (a->parent == nullptr || b->parent == nullptr || a->isAncestorOf(b) || b->isAncestorOf(a))
     return HLDOM_INVALID_PARAMETER;
-  Element* parentA = a->parent;
-  Element* parentB = b->parent;
-  const std::size_t positionA = parentA->nodePosition(a);
-  const std::size_t positionB = parentB->nodePosition(b);
-  parentA->children[positionA].element = b;
-  parentB->children[positionB].element = a;
-  ++structure_;
-  a->parent = parentB;
-  b->parent = parentA;
+  tree_.swap(*a, *b);
   changed();
   return HLDOM_OK;
 }

@@ -13,7 +13,6 @@
 #include <string>
 #include <vector>
 
-#include "htmlui/engine/DomOrder.h"
 #include "htmlui/engine/DomTree.h"
 #include "htmlui/engine/HtmlEngine.h"
 #include "htmlui/engine/LayoutProvider.h"
@@ -220,15 +219,10 @@ class DomEngine : public HtmlEngine {
   View& ensureView(HWND hwnd);
   // Counts a change and asks the views' windows to be painted again, once until they are.
   void changed();
-  // Every element of top's tree in document order, with the copies that
-  // selectors read; rebuilt after any change of structure or attributes.
-  const std::vector<OrderEntry>& documentOrder(Element& top);
   void initialStates(Element& top);
   void attachBehaviors(Element& top);
   void collect(Element& top, bool force);
-  void removeFromParent(Element& e);
-  void insertNodes(Element& parent, std::size_t position, std::vector<Node> nodes);
-  // Detaches former children; those not in use are destroyed.
+  // Destroys the former children (already without a parent) that are not in use.
   void releaseNodes(const std::vector<Node>& nodes);
   Element* cloneTree(const Element& source);
   void installPage(View& view, std::vector<Node> nodes);
@@ -292,10 +286,6 @@ class DomEngine : public HtmlEngine {
   std::deque<PostedEvent> posted_;
   std::uint64_t now_ = 0;
   std::uint64_t generation_ = 1;  // counts every change, for layout
-  std::uint64_t structure_ = 1;  // counts changes of parents and children
-  std::uint64_t ordersStructure_ = 0;
-  std::uint64_t ordersAttributes_ = 0;
-  std::map<std::uint32_t, std::vector<OrderEntry>> orders_;
   std::function<HELEMENT(HELEMENT)> popupUser_;
   std::unique_ptr<LayoutProvider> layout_;
   HWND laidOutView_ = nullptr;

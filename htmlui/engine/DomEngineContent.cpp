@@ -9,11 +9,8 @@ namespace kvt1::html {
 
 void DomEngine::releaseNodes(const std::vector<Node>& nodes) {
   std::vector<std::uint32_t> released;
-  for (const Node& node : nodes) {
-    if (node.element == nullptr) continue;
-    node.element->parent = nullptr;
-    released.push_back(node.element->number);
-  }
+  for (const Node& node : nodes)
+    if (node.element != nullptr) released.push_back(node.element->number);
   // Handlers called while one is destroyed may change the others: look each up again.
   for (const std::uint32_t n : released) {
     Element* e = tree_.find(n);
@@ -43,19 +40,18 @@ HLDOM_RESULT DomEngine::SetElementHtml(HELEMENT he, LPCBYTE html, DWORD htmlLeng
   Element* parent = outside ? e->parent : e;
   switch (where) {
     case SIH_REPLACE_CONTENT: {
-      std::vector<Node> old = std::move(e->children);
-      e->children.clear();
-      insertNodes(*e, 0, std::move(nodes));
+      std::vector<Node> old = tree_.takeChildren(*e);
+      tree_.insert(*e, 0, std::move(nodes));
       releaseNodes(old);
       break;
     }
-    case SIH_INSERT_AT_START: insertNodes(*e, 0, std::move(nodes)); break;
-    case SIH_APPEND_AFTER_LAST: insertNodes(*e, e->children.size(), std::move(nodes)); break;
-    case SOH_INSERT_BEFORE: insertNodes(*parent, parent->nodePosition(e), std::move(nodes)); break;
-    default: insertNodes(*parent, parent->nodePosition(e) + 1, std::move(nodes)); break;
+    case SIH_INSERT_AT_START: tree_.insert(*e, 0, std::move(nodes)); break;
+    case SIH_APPEND_AFTER_LAST: tree_.insert(*e, e->children.size(), std::move(nodes)); break;
+    case SOH_INSERT_BEFORE: tree_.insert(*parent, parent->nodePosition(e), std::move(nodes)); break;
+    default: tree_.insert(*parent, parent->nodePosition(e) + 1, std::move(nodes)); break;
   }
   if (where == SOH_REPLACE) {
-    removeFromParent(*e);
+    tree_.remove(*e);
     if (e->useCount == 0) collect(*e, false);
   }
   for (const std::uint32_t n : added) {
@@ -81,10 +77,8 @@ HLDOM_RESULT DomEngine::SetElementInnerText16(HELEMENT he, LPCWSTR text, UINT le
   Element* e = element(he);
   if (e == nullptr) return HLDOM_INVALID_HANDLE;
   if (text == nullptr && length != 0) return HLDOM_INVALID_PARAMETER;
-  std::vector<Node> old = std::move(e->children);
-  e->children.clear();
-  if (length != 0) e->children.push_back(Node{nullptr, std::wstring(text, length)});
-  ++structure_;
+  std::vector<Node> old = tree_.takeChildren(*e);
+  if (length != 0) tree_.append(*e, Node{nullptr, std::wstring(text, length)});
   releaseNodes(old);
   changed();
   return HLDOM_OK;

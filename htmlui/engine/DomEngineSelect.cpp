@@ -58,16 +58,16 @@ HLDOM_RESULT DomEngine::select(HELEMENT he, const std::wstring& selectors, HTMLa
   const std::optional<Selector> selector = Selector::compile(selectors, tree_.atoms());
   if (!selector) return HLDOM_INVALID_PARAMETER;
   std::vector<std::pair<Element*, std::uint32_t>> found;
-  const std::vector<OrderEntry>& order = documentOrder(*scope->top());
+  const std::vector<OrderEntry>& order = tree_.order(*scope->top());
   for (std::uint32_t i = scope->orderIndex + 1; i < scope->orderEnd; ++i) {
     if (!selector->rejects(order[i]) && selector->matches(order.data(), i, scope))
       found.emplace_back(order[i].element, order[i].element->number);
   }
   // Elements are only ever destroyed with a change of structure: until a
   // callback makes one, the pointers found are still the elements.
-  const std::uint64_t structure = structure_;
+  const std::uint64_t structure = tree_.structureVersion();
   for (const auto& [pointer, number] : found) {
-    Element* e = structure_ == structure ? pointer : tree_.find(number);
+    Element* e = tree_.structureVersion() == structure ? pointer : tree_.find(number);
     if (e != nullptr && cb(toHandle(e), param)) break;
   }
   return HLDOM_OK;

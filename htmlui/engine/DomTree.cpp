@@ -1,5 +1,6 @@
 #include "htmlui/engine/DomTree.h"
 
+#include <algorithm>
 #include <cwctype>
 
 namespace kvt1::html {
@@ -22,7 +23,82 @@ Element* DomTree::find(std::uint32_t number) const {
   return found != elements_.end() && !found->second->dying ? found->second.get() : nullptr;
 }
 
-void DomTree::erase(Element* element) { elements_.erase(element->number); }
+void DomTree::erase(Element* element) {
+  structureChanged();
+  elements_.erase(element->number);
+}
+
+void DomTree::structureChanged() {
+  ++structureVersion_;
+  orders_.clear();
+}
+
+void DomTree::insert(Element& parent, std::size_t position, std::vector<Node> nodes) {
+  structureChanged();
+  for (Node& node : nodes)
+    if (node.element != nullptr) node.element->parent = &parent;
+  position = std::min(position, parent.children.size());
+  parent.children.insert(parent.children.begin() + static_cast<std::ptrdiff_t>(position),
+                         std::make_move_iterator(nodes.begin()), std::make_move_iterator(nodes.end()));
+}
+
+void DomTree::append(Element& parent, Node node) {
+  structureChanged();
+  if (node.element != nullptr) node.element->parent = &parent;
+  parent.children.push_back(std::move(node));
+}
+
+void DomTree::remove(Element& element) {
+  if (element.parent == nullptr) return;
+  structureChanged();
+  std::vector<Node>& siblings = element.parent->children;
+  const std::size_t position = element.parent->nodePosition(&element);
+  if (position < siblings.size()) siblings.erase(siblings.begin() + static_cast<std::ptrdiff_t>(position));
+  element.parent = nullptr;
+}
+
+std::vector<Node> DomTree::takeChildren(Element& element) {
+  structureChanged();
+  std::vector<Node> taken = std::move(element.children);
+  element.children.clear();
+  for (const Node& node : taken)
+    if (node.element != nullptr) node.element->parent = nullptr;
+  return taken;
+}
+
+void DomTree::swap(Element& a, Element& b) {
+  structureChanged();
+  Element* parentA = a.parent;
+  Element* parentB = b.parent;
+  const std::size_t positionA = parentA->nodePosition(&a);
+  const std::size_t positionB = parentB->nodePosition(&b);
+  parentA->children[positionA].element = &b;
+  parentB->children[positionB].element = &a;
+  a.parent = parentB;
+  b.parent = parentA;
+}
+
+const std::vector<OrderEntry>& DomTree::order(Element& top) {
+  std::vector<OrderEntry>& order = orders_[top.number];
+  if (!order.empty()) return order;
+  const auto add = [&](Element& e, std::uint32_t parent) {
+    e.orderIndex = e.orderEnd = static_cast<std::uint32_t>(order.size());
+    order.push_back(OrderEntry::of(e, parent));
+  };
+  add(top, OrderEntry::kNoParent);
+  // Parents are added before their children, so a parent's index is known.
+  forEachDescendant(top, [&](Element& e, std::size_t) {
+    add(e, e.parent->orderIndex);
+    return true;
+  });
+  // Parents come before their children: a backward pass carries each end up.
+  for (OrderEntry& entry : order) ++entry.element->orderEnd;
+  for (std::size_t i = order.size(); i-- > 1;) {
+    Element* parent = order[i].element->parent;
+    parent->orderEnd = std::max(parent->orderEnd, order[i].element->orderEnd);
+  }
+  return order;
+}
 
 Atom DomTree::attributeKey(std::string_view name) { return atoms_.intern(asciiLower(widenName(name))); }
 
@@ -32,7 +108,7 @@ const std::wstring* DomTree::attributeValue(const Element& element, std::string_
 }
 
 void DomTree::setAttribute(Element& element, std::string_view name, std::wstring_view value) {
-  ++attributeVersion_;
+  orders_.clear();
   const Atom key = attributeKey(name);
   element.attributeMask |= atomBit(key);
   for (Attribute& a : element.attributes) {
@@ -51,7 +127,7 @@ bool DomTree::removeAttribute(Element& element, std::string_view name) {
   for (auto it = element.attributes.begin(); it != element.attributes.end(); ++it) {
     if (it->key != key) continue;
     element.attributes.erase(it);
-    ++attributeVersion_;
+    orders_.clear();
     element.attributeMask = 0;
     for (const Attribute& a : element.attributes) element.attributeMask |= atomBit(a.key);
     if (key == idKey_) element.idAtom = kNoAtom;

@@ -95,8 +95,10 @@ class Parser {
       into.back().text += node.text;
       return;
     }
-    if (node.element != nullptr) node.element->parent = open_.empty() ? nullptr : open_.back();
-    into.push_back(std::move(node));
+    if (open_.empty())
+      top_.push_back(std::move(node));
+    else
+      tree_.append(*open_.back(), std::move(node));
   }
 
   void appendText(std::wstring text) {
@@ -247,7 +249,7 @@ class Parser {
     const std::size_t contentEnd = end == std::wstring_view::npos ? text_.size() : end;
     std::wstring_view raw = text_.substr(pos_, contentEnd - pos_);
     std::wstring content = tag == "textarea" ? decoded(raw) : std::wstring(raw);
-    if (!content.empty()) element.children.push_back(Node{nullptr, std::move(content)});
+    if (!content.empty()) tree_.append(element, Node{nullptr, std::move(content)});
     if (end == std::wstring_view::npos)
       pos_ = text_.size();
     else
