@@ -178,6 +178,13 @@ menu > li.kvt1-checked:before, menu > li[status="checked"]:before {
    content, so a button's padding and border would stick out past the row's
    edge; an empty box after the buttons ends the line instead. */
 .buttons:after { content: ""; }
+/* The caret stands after the text of the field that has the focus. */
+input.kvt1-focus:after, textarea.kvt1-focus:after {
+  content: ""; display: inline-block; width: 0; height: 13px; border-left: 1px solid #000000; vertical-align: middle;
+}
+input[type="checkbox"].kvt1-focus:after, input[type="radio"].kvt1-focus:after, input[type="button"].kvt1-focus:after {
+  content: none;
+}
 /* The tab strip's scroll buttons stay small whatever the page says of buttons. */
 .tabs > .ScrollButtonsContainer > button { min-width: 0; margin: 0; padding: 1px 4px; }
 )css";

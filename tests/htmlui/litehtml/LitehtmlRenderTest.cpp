@@ -82,6 +82,24 @@ TEST_F(LitehtmlRenderTest, UncheckedBoxesShowNoValue) {
   }
 }
 
+TEST_F(LitehtmlRenderTest, OnlyTheFocusedTextFieldShowsACaret) {
+  const struct {
+    const char* type;
+    bool caret;
+  } cases[] = {{"text", true}, {"checkbox", false}, {"radio", false}, {"button", false}};
+  for (const auto& c : cases) {
+    const auto field = [&](const char* state) {
+      return page(std::string("<input kvt1-node=\"2\" type=\"") + c.type + "\" value=\"ab\" class=\"" + state + "\"/>");
+    };
+    const PngPixels plain = render(field(""), 200, "plain.png");
+    const PngPixels focused = render(field("kvt1-focus"), 200, "focused.png");
+    const LayoutBox input = *layout.box(2);
+    // Inside the border: the focus colours the border only, the caret stands in the field.
+    const double changed = focused.differenceIn(plain, input.x + 2, input.y + 2, input.width - 4, input.height - 4);
+    EXPECT_EQ(changed > 0.0, c.caret) << c.type;
+  }
+}
+
 TEST_F(LitehtmlRenderTest, AMenuItemsCheckMarkStandsBeforeItsText) {
   const auto menu = [](const char* state) {
     return page(std::string("<menu kvt1-node=\"2\" class=\"context kvt1-popup\" style=\"left:0;top:0\">"
