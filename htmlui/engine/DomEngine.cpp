@@ -62,9 +62,9 @@ void DomEngine::collect(Element& top, bool force) {
   }
   for (Element* e : doomed) {
     const std::uint32_t n = e->number;
-    timers_.erase(std::remove_if(timers_.begin(), timers_.end(), [n](const Timer& t) { return t.element == n; }),
-                  timers_.end());
-    popupAnchors_.erase(n);
+    timers_.forget(n);
+    popups_.forget(n);
+    editing_.deselect(n);
     for (auto& [hwnd, view] : views_) {
       if (view.root == n) view.root = 0;
       if (view.focus == n) view.focus = 0;
@@ -192,6 +192,7 @@ void DomEngine::closeView(HWND hwnd) {
   if (view == nullptr) return;
   const std::vector<HandlerEntry> handlers = std::move(view->handlers);
   views_.erase(hwnd);
+  timers_.forgetView(hwnd);
   if (laidOutView_ == hwnd) laidOutView_ = nullptr;
   for (const HandlerEntry& h : handlers)
     if ((h.subscription & DISABLE_INITIALIZATION) == 0) initialize(h.proc, h.tag, nullptr, BEHAVIOR_DETACH);

@@ -9,10 +9,12 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
+#include "htmlui/engine/DomPopups.h"
+#include "htmlui/engine/DomTextEditing.h"
+#include "htmlui/engine/DomTimers.h"
 #include "htmlui/engine/DomTree.h"
 #include "htmlui/engine/HtmlEngine.h"
 #include "htmlui/engine/LayoutProvider.h"
@@ -143,7 +145,7 @@ class DomEngine : public HtmlEngine {
   // the hovered element has not changed for kHoverRestMs, it is sent one
   // POPUP_REQUEST (target and source: that element), as for a tooltip.
   void tick(UINT elapsedMs);
-  static constexpr UINT kHoverRestMs = 500;
+  static constexpr UINT kHoverRestMs = DomTimers::kHoverRestMs;
   // Chooses the item of a popup that TrackPopupAt runs; without one it returns none.
   void setPopupUser(std::function<HELEMENT(HELEMENT popup)> user);
 
@@ -182,28 +184,9 @@ class DomEngine : public HtmlEngine {
     int laidOutWidth = -1;
     std::uint32_t focus = 0;
     std::uint32_t hover = 0;
-    std::uint64_t hoverSince = 0;  // engine time of the last hover change
-    bool hoverRestReported = false;
     bool pointerTracked = false;  // a WM_MOUSELEAVE is asked for
     bool clockRunning = false;
     std::uint64_t clockRead = 0;  // the clock when the view's time last moved on
-  };
-  struct Timer {
-    std::uint32_t element = 0;
-    UINT_PTR id = 0;
-    UINT period = 0;
-    std::uint64_t due = 0;
-  };
-  // Where a shown popup goes: beside an anchor element (placement 2, 8, 4
-  // or 6: below, above, left, right) or with one of its points (numpad 1-9)
-  // at a view point. written is what the layout HTML last said, as "left"
-  // and "top", to put it there.
-  struct PopupPlace {
-    std::uint32_t anchor = 0;
-    UINT placement = 2;
-    POINT point{0, 0};
-    UINT corner = 7;
-    POINT written{0, 0};
   };
   struct PostedEvent {
     std::uint32_t target = 0;
@@ -250,30 +233,25 @@ class DomEngine : public HtmlEngine {
   bool answerWindow(HWND hwnd, UINT msg, WPARAM wParam, LRESULT& result);
   void startClock(View& view);
 
-  // Text editing of inputs and text areas (DomEngineEditing.cpp): what a key
-  // that no handler took does to the focused element, and "selectAll".
+  // Text editing of inputs and text areas (DomEngineEditing.cpp): applies
+  // and announces what a key that no handler took does to the focused
+  // element; "selectAll".
   void editByKey(std::uint32_t target, UINT cmd, UINT code);
   HLDOM_RESULT callEditMethod(Element& e, XCALL_PARAMS& params);
 
-  // Hover rest (DomEngineHoverRest.cpp): a POPUP_REQUEST for the element the
+  // Hover rest (DomEngineTimers.cpp): a POPUP_REQUEST for the element the
   // pointer has rested on for kHoverRestMs of the engine's clock.
-  void hoverMoved(View& view);
   void reportHoverRest();
 
   // Keys: the focus moves on (or back) to the next element that takes it.
   void tabFocus(HWND hwnd, bool backwards);
 
-  // Popups.
-  HLDOM_RESULT showPopup(Element& popup, Element* anchor, const PopupPlace& place);
+  // Popups: shown and hidden with the events that say so; menus.
+  HLDOM_RESULT showPopup(Element& popup, Element* anchor, const DomPopups::Place& place);
   void hidePopup(Element& popup);
   bool clickMenuItem(Element& item);
   void openSubMenu(Element& item, Element& menu);
   Element* contextMenuOf(Element& e);
-  // The positions the layout HTML gives the view's shown popups.
-  std::map<std::uint32_t, POINT> popupPositions(const View& view) const;
-  // After a layout: moves the popups whose boxes are not where they belong;
-  // true when one moved and the view must be laid out again.
-  bool placePopups(const View& view);
 
   // Geometry.
   bool ensureLayout(View& view, int width);
@@ -281,18 +259,16 @@ class DomEngine : public HtmlEngine {
 
   DomTree tree_;
   std::map<HWND, View> views_;
-  std::map<std::uint32_t, PopupPlace> popupAnchors_;
-  std::vector<Timer> timers_;
+  DomPopups popups_{tree_};
+  DomTimers timers_;
+  DomTextEditing editing_;
   std::deque<PostedEvent> posted_;
-  std::uint64_t now_ = 0;
   std::uint64_t generation_ = 1;  // counts every change, for layout
-  std::function<HELEMENT(HELEMENT)> popupUser_;
   std::unique_ptr<LayoutProvider> layout_;
   HWND laidOutView_ = nullptr;
   POINT contextPoint_{0, 0};
-  std::set<std::uint32_t> selectedAll_;
   std::function<std::uint64_t()> clock_;
-  bool repaintAsked_ = false;  // editable elements whose whole text is selected
+  bool repaintAsked_ = false;  // a repaint is asked of the views' windows and not done yet
 };
 
 }  // namespace kvt1::html

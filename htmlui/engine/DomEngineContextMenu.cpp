@@ -45,7 +45,7 @@ bool DomEngine::contextMenu(HWND hwnd, HELEMENT target, POINT pt) {
   menu = tree_.find(menuNumber);
   view = findView(hwnd);
   if (menu == nullptr || view == nullptr || viewOf(*menu) != view) return false;
-  PopupPlace place;
+  DomPopups::Place place;
   place.point = pt;
   showPopup(*menu, nullptr, place);
   return true;

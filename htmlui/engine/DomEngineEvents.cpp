@@ -1,5 +1,5 @@
 // Event handlers, the sinking and bubbling walk, posted events, behaviours,
-// timers, and what a user's click, focus and pointer do.
+// and what a user's click, focus and pointer do.
 #include <algorithm>
 
 #include "htmlui/engine/DomEngine.h"
@@ -231,41 +231,6 @@ void DomEngine::attachBehaviors(Element& top) {
   }
 }
 
-HLDOM_RESULT DomEngine::SetTimerEx(HELEMENT he, UINT milliseconds, UINT_PTR timerId) {
-  Element* e = element(he);
-  if (e == nullptr) return HLDOM_INVALID_HANDLE;
-  const std::uint32_t n = e->number;
-  timers_.erase(std::remove_if(timers_.begin(), timers_.end(),
-                               [&](const Timer& t) { return t.element == n && t.id == timerId; }),
-                timers_.end());
-  if (milliseconds != 0) timers_.push_back(Timer{n, timerId, milliseconds, now_ + milliseconds});
-  return HLDOM_OK;
-}
-
-void DomEngine::tick(UINT elapsedMs) {
-  const std::uint64_t until = now_ + elapsedMs;
-  for (;;) {
-    auto next = timers_.end();
-    for (auto t = timers_.begin(); t != timers_.end(); ++t)
-      if (t->due <= until && (next == timers_.end() || t->due < next->due)) next = t;
-    if (next == timers_.end()) break;
-    now_ = next->due;
-    next->due += next->period;
-    const Timer fired = *next;
-    TIMER_PARAMS params{fired.id};
-    if (callHandlers(fired.element, HANDLE_TIMER, &params)) continue;
-    // Nobody wants it any more, unless a handler set it anew meanwhile.
-    timers_.erase(std::remove_if(timers_.begin(), timers_.end(),
-                                 [&](const Timer& t) {
-                                   return t.element == fired.element && t.id == fired.id && t.due == fired.due &&
-                                          t.period == fired.period;
-                                 }),
-                  timers_.end());
-  }
-  now_ = until;
-  reportHoverRest();
-}
-
 bool DomEngine::click(HELEMENT he) {
   Element* e = element(he);
   if (e == nullptr) return false;
@@ -337,7 +302,7 @@ bool DomEngine::setHover(HWND hwnd, HELEMENT he) {
   Element* old = tree_.find(view->hover);
   if (old == hover) return true;
   view->hover = hover != nullptr ? hover->number : 0;
-  hoverMoved(*view);
+  timers_.hoverMoved(hwnd, view->hover);
   const std::uint32_t n = hover != nullptr ? hover->number : 0;
   changed();
   if (old != nullptr) {

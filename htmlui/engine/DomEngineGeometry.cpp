@@ -30,7 +30,7 @@ std::string DomEngine::serializeForLayout(HWND hwnd) {
   View* view = findView(hwnd);
   Element* root = view != nullptr ? tree_.find(view->root) : nullptr;
   if (root == nullptr) return std::string();
-  const std::map<std::uint32_t, POINT> popups = popupPositions(*view);
+  const std::map<std::uint32_t, POINT> popups = popups_.positions(view->hwnd);
   return platform::toUtf8(writeLayoutHtml(*root, tree_, view->importedStyles, &popups));
 }
 
@@ -43,7 +43,7 @@ bool DomEngine::ensureLayout(View& view, int width) {
   }
   laidOutView_ = view.hwnd;
   // Popups go where their anchors and their own sizes, known now, put them.
-  for (int pass = 0; pass < kPopupPlacingPasses && placePopups(view); ++pass) {
+  for (int pass = 0; pass < kPopupPlacingPasses && popups_.place(*layout_, view.width, view.height); ++pass) {
     if (!layout_->layout(serializeForLayout(view.hwnd), width)) {
       laidOutView_ = nullptr;
       return false;

@@ -1,7 +1,7 @@
-// Popups: the popup and anchor states, where a popup goes on the page, the
-// behaviour events that say a popup came up or went away, and menus (items
-// that choose, items that open a sub-menu).
-#include <algorithm>
+// Popups in the engine: the behaviour events that say a popup came up or went
+// away, the library's popup calls, and menus (items that choose, items that
+// open a sub-menu). DomPopups keeps where each shown popup goes.
+#include <vector>
 
 #include "htmlui/engine/DomEngine.h"
 
@@ -21,61 +21,17 @@ bool insidePopup(const Element& e) {
   return false;
 }
 
-// The top left of a popup of this size beside the anchor's box.
-POINT besideAnchor(const LayoutBox& anchor, const LayoutBox& popup, UINT placement) {
-  switch (placement) {
-    case 8: return POINT{anchor.x, anchor.y - popup.height};
-    case 4: return POINT{anchor.x - popup.width, anchor.y};
-    case 6: return POINT{anchor.x + anchor.width, anchor.y};
-    default: return POINT{anchor.x, anchor.y + anchor.height};
-  }
-}
-
-// The top left of a popup of this size whose numpad point (7 top left, 5
-// centre, 3 bottom right, ...) lies at point.
-POINT atPoint(POINT point, const LayoutBox& popup, UINT corner) {
-  if (corner < 1 || corner > 9) corner = 7;
-  const int column = static_cast<int>((corner - 1) % 3);  // 0 left, 1 centre, 2 right
-  const int row = corner >= 7 ? 0 : corner >= 4 ? 1 : 2;  // 0 top, 1 middle, 2 bottom
-  return POINT{point.x - column * popup.width / 2, point.y - row * popup.height / 2};
-}
-
-// Moved inside the view in each direction in which it fits; one larger than
-// the view stays where it was put, since no move would show it whole.
-POINT keptInView(POINT p, const LayoutBox& popup, int width, int height) {
-  if (popup.width <= width) p.x = std::max<LONG>(0, std::min<LONG>(p.x, width - popup.width));
-  if (popup.height <= height) p.y = std::max<LONG>(0, std::min<LONG>(p.y, height - popup.height));
-  return p;
-}
-
 }  // namespace
 
-HLDOM_RESULT DomEngine::showPopup(Element& popup, Element* anchor, const PopupPlace& place) {
-  const auto previous = popupAnchors_.find(popup.number);
-  if (previous != popupAnchors_.end()) {
-    if (Element* old = tree_.find(previous->second.anchor)) old->state &= ~STATE_OWNS_POPUP;
-    popupAnchors_.erase(previous);
-  }
-  popup.state |= STATE_POPUP;
-  PopupPlace placed = place;
-  placed.anchor = anchor != nullptr ? anchor->number : 0;
-  placed.written = anchor != nullptr ? POINT{0, 0} : place.point;
-  if (anchor != nullptr) anchor->state |= STATE_OWNS_POPUP;
-  popupAnchors_[popup.number] = placed;
+HLDOM_RESULT DomEngine::showPopup(Element& popup, Element* anchor, const DomPopups::Place& place) {
+  popups_.show(popup, anchor, place);
   changed();
   sendBehaviorEvent(popup, POPUP_READY, anchor != nullptr ? anchor : &popup, 0);
   return HLDOM_OK;
 }
 
 void DomEngine::hidePopup(Element& popup) {
-  popup.state &= ~STATE_POPUP;
-  Element* anchor = nullptr;
-  const auto found = popupAnchors_.find(popup.number);
-  if (found != popupAnchors_.end()) {
-    anchor = tree_.find(found->second.anchor);
-    if (anchor != nullptr) anchor->state &= ~STATE_OWNS_POPUP;
-    popupAnchors_.erase(found);
-  }
+  Element* anchor = popups_.hide(popup);
   changed();
   sendBehaviorEvent(popup, POPUP_DISMISSED, anchor != nullptr ? anchor : &popup, 0);
 }
@@ -99,7 +55,7 @@ void DomEngine::openSubMenu(Element& item, Element& menu) {
   Element* anchor = tree_.find(itemNumber);
   Element* popup = tree_.find(menuNumber);
   if (anchor == nullptr || popup == nullptr || (popup->state & STATE_POPUP) != 0) return;
-  PopupPlace place;
+  DomPopups::Place place;
   place.placement = insidePopup(*anchor) ? 6 : 2;  // beside an item of a menu, below one of a bar
   showPopup(*popup, anchor, place);
 }
@@ -120,45 +76,12 @@ bool DomEngine::clickMenuItem(Element& item) {
   return handled;
 }
 
-std::map<std::uint32_t, POINT> DomEngine::popupPositions(const View& view) const {
-  std::map<std::uint32_t, POINT> positions;
-  for (const auto& [number, place] : popupAnchors_) {
-    const Element* popup = tree_.find(number);
-    if (popup != nullptr && (popup->state & STATE_POPUP) != 0 && popup->top()->view == view.hwnd)
-      positions[number] = place.written;
-  }
-  return positions;
-}
-
-bool DomEngine::placePopups(const View& view) {
-  bool moved = false;
-  for (auto& [number, place] : popupAnchors_) {
-    const std::optional<LayoutBox> box = layout_->box(static_cast<int>(number));
-    if (!box) continue;
-    POINT wanted{0, 0};
-    if (place.anchor != 0) {
-      const std::optional<LayoutBox> anchor = layout_->box(static_cast<int>(place.anchor));
-      if (!anchor) continue;
-      wanted = besideAnchor(*anchor, *box, place.placement);
-    } else {
-      wanted = atPoint(place.point, *box, place.corner);
-    }
-    wanted = keptInView(wanted, *box, view.width, view.height);
-    if (wanted.x == box->x && wanted.y == box->y) continue;
-    // "left" and "top" count from the popup's containing block: move by the difference.
-    place.written.x += wanted.x - box->x;
-    place.written.y += wanted.y - box->y;
-    moved = true;
-  }
-  return moved;
-}
-
 HLDOM_RESULT DomEngine::ShowPopup(HELEMENT hePopup, HELEMENT heAnchor, UINT placement) {
   Element* popup = element(hePopup);
   Element* anchor = element(heAnchor);
   if (popup == nullptr || anchor == nullptr) return HLDOM_INVALID_HANDLE;
   if (popup == anchor) return HLDOM_INVALID_PARAMETER;
-  PopupPlace place;
+  DomPopups::Place place;
   place.placement = placement;
   return showPopup(*popup, anchor, place);
 }
@@ -166,7 +89,7 @@ HLDOM_RESULT DomEngine::ShowPopup(HELEMENT hePopup, HELEMENT heAnchor, UINT plac
 HLDOM_RESULT DomEngine::ShowPopupAt(HELEMENT hePopup, POINT pos, UINT mode) {
   Element* popup = element(hePopup);
   if (popup == nullptr) return HLDOM_INVALID_HANDLE;
-  PopupPlace place;
+  DomPopups::Place place;
   place.point = pos;
   place.corner = (mode >> 16) & 0xFFFF;
   return showPopup(*popup, nullptr, place);
@@ -179,7 +102,7 @@ HLDOM_RESULT DomEngine::TrackPopupAt(HELEMENT hePopup, POINT posRoot, UINT mode,
   *pheItem = nullptr;
   const std::uint32_t n = popup->number;
   ShowPopupAt(hePopup, posRoot, mode);
-  const HELEMENT chosen = popupUser_ ? popupUser_(hePopup) : nullptr;
+  const HELEMENT chosen = popups_.choose(hePopup);
   popup = tree_.find(n);
   if (popup == nullptr) return HLDOM_OK;
   Element* item = element(chosen);
@@ -204,17 +127,10 @@ void DomEngine::closePopupsOutside(HWND hwnd, HELEMENT he) {
   View* view = findView(hwnd);
   if (view == nullptr) return;
   const Element* inside = he != nullptr ? element(he) : nullptr;
-  std::vector<std::uint32_t> open;
-  for (const auto& [number, place] : popupAnchors_) {
-    const Element* popup = tree_.find(number);
-    if (popup != nullptr && (popup->state & STATE_POPUP) != 0 && popup->top()->view == hwnd &&
-        (inside == nullptr || (popup != inside && !popup->isAncestorOf(inside))))
-      open.push_back(number);
-  }
-  for (const std::uint32_t n : open)
+  for (const std::uint32_t n : popups_.shownOutside(hwnd, inside))
     if (Element* popup = tree_.find(n); popup != nullptr && (popup->state & STATE_POPUP) != 0) hidePopup(*popup);
 }
 
-void DomEngine::setPopupUser(std::function<HELEMENT(HELEMENT popup)> user) { popupUser_ = std::move(user); }
+void DomEngine::setPopupUser(std::function<HELEMENT(HELEMENT popup)> user) { popups_.setUser(std::move(user)); }
 
 }  // namespace kvt1::html

@@ -68,7 +68,7 @@ HLDOM_RESULT DomEngine::ControlSetValue(HELEMENT he, const VALUE* pVal) {
     }
     case ControlKind::TextInput:
       tree_.setAttribute(*e, "value", valueText(*pVal));
-      selectedAll_.erase(e->number);  // a new text drops the selection, as an edit does
+      editing_.deselect(e->number);  // a new text drops the selection, as an edit does
       break;
     case ControlKind::Select: {
       const std::wstring wanted = valueText(*pVal);
