@@ -92,7 +92,9 @@ REG
   build/linux-release/bin/kvt1-host --echo --registry "$demo/registry" --render "$demo/dialogs" --env "$acad" \
     build/linux-release/bin/kvt2018.so demo/demo.lsp
   echo "usage consent and reports:"
-  { grep -h -i 'HVCOLLECTUSAGE' "$demo/registry/"*.reg 2>/dev/null || true; } | sed 's/^/  /'
+  # The store writes regedit's UTF-16LE.
+  for reg in "$demo/registry/"*.reg; do iconv -f UTF-16 -t UTF-8 "$reg" 2>/dev/null || cat "$reg"; done |
+    { grep -i 'HVCOLLECTUSAGE' || true; } | tr -d '\r' | sed 's/^/  /'
   find "$demo" -name 'UsageReport_*' -printf '  %P\n'
 fi
 echo "update service requests:"
