@@ -188,14 +188,9 @@ void DomEngine::closeView(HWND hwnd) {
     view->root = 0;
     collect(*root, false);
   }
-  view = findView(hwnd);
-  if (view == nullptr) return;
-  const std::vector<HandlerEntry> handlers = std::move(view->handlers);
   views_.erase(hwnd);
   timers_.forgetView(hwnd);
   if (laidOutView_ == hwnd) laidOutView_ = nullptr;
-  for (const HandlerEntry& h : handlers)
-    if ((h.subscription & DISABLE_INITIALIZATION) == 0) initialize(h.proc, h.tag, nullptr, BEHAVIOR_DETACH);
 }
 
 HLDOM_RESULT DomEngine::GetRootElement(HWND hwnd, HELEMENT* phe) {

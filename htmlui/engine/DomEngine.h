@@ -33,8 +33,6 @@ class DomEngine : public HtmlEngine {
   VOID SetCallback(HWND hwnd, LPHTMLAYOUT_NOTIFY cb, LPVOID cbParam) override;
   BOOL DataReady(HWND hwnd, LPCWSTR uri, LPBYTE data, DWORD dataLength) override;
   LRESULT ProcND(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam, BOOL* pbHandled) override;
-  HLDOM_RESULT WindowAttachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag,
-                                        UINT subscription) override;
   HLDOM_RESULT WindowDetachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag) override;
   UINT GetMinWidth(HWND hwnd) override;
   UINT GetMinHeight(HWND hwnd, UINT width) override;
@@ -170,7 +168,6 @@ class DomEngine : public HtmlEngine {
     std::uint32_t root = 0;
     LPHTMLAYOUT_NOTIFY callback = nullptr;
     LPVOID callbackParam = nullptr;
-    std::vector<HandlerEntry> handlers;
     std::wstring baseUrl;
     std::map<std::wstring, std::wstring> importedStyles;
     StyleBehaviors sheetBehaviors;  // "behavior" as the page's style sheets declare it
@@ -223,7 +220,6 @@ class DomEngine : public HtmlEngine {
 
   // Events.
   bool callHandlers(std::uint32_t number, UINT group, void* params);
-  bool callWindowHandlers(HWND hwnd, UINT group, void* params);
   bool dispatch(Element& target, UINT group, UINT* cmd, void* params);
   bool sendBehaviorEvent(Element& target, UINT code, Element* source, UINT_PTR reason);
   void initialize(LPELEMENT_EVENT_PROC proc, LPVOID tag, HELEMENT he, UINT cmd);

@@ -55,34 +55,9 @@ HLDOM_RESULT DomEngine::DetachEventHandler(HELEMENT he, LPELEMENT_EVENT_PROC pep
   return HLDOM_OK;
 }
 
-HLDOM_RESULT DomEngine::WindowAttachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag,
-                                                 UINT subscription) {
-  if (hwnd == nullptr) return HLDOM_INVALID_HWND;
-  if (pep == nullptr) return HLDOM_INVALID_PARAMETER;
-  View& view = ensureView(hwnd);
-  for (HandlerEntry& h : view.handlers) {
-    if (sameHandler(h, pep, tag)) {
-      h.subscription = subscription;
-      return HLDOM_OK;
-    }
-  }
-  view.handlers.push_back(HandlerEntry{pep, tag, subscription});
-  if ((subscription & DISABLE_INITIALIZATION) == 0)
-    initialize(pep, tag, toHandle(tree_.find(view.root)), BEHAVIOR_ATTACH);
-  return HLDOM_OK;
-}
-
+// No handler is ever attached to a window: there is nothing to detach.
 HLDOM_RESULT DomEngine::WindowDetachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag) {
-  View* view = findView(hwnd);
-  if (view == nullptr) return HLDOM_INVALID_HWND;
-  const auto found = std::find_if(view->handlers.begin(), view->handlers.end(),
-                                  [&](const HandlerEntry& h) { return sameHandler(h, pep, tag); });
-  if (found == view->handlers.end()) return HLDOM_INVALID_PARAMETER;
-  const HandlerEntry removed = *found;
-  view->handlers.erase(found);
-  if ((removed.subscription & DISABLE_INITIALIZATION) == 0)
-    initialize(pep, tag, toHandle(tree_.find(view->root)), BEHAVIOR_DETACH);
-  return HLDOM_OK;
+  return findView(hwnd) == nullptr ? HLDOM_INVALID_HWND : HLDOM_INVALID_PARAMETER;
 }
 
 bool DomEngine::callHandlers(std::uint32_t number, UINT group, void* params) {
@@ -99,34 +74,17 @@ bool DomEngine::callHandlers(std::uint32_t number, UINT group, void* params) {
   return false;
 }
 
-bool DomEngine::callWindowHandlers(HWND hwnd, UINT group, void* params) {
-  View* view = findView(hwnd);
-  if (view == nullptr) return false;
-  const std::vector<HandlerEntry> snapshot = view->handlers;
-  for (const HandlerEntry& h : snapshot) {
-    if (!wants(h, group)) continue;
-    view = findView(hwnd);
-    if (view == nullptr) return false;
-    if (!attached(view->handlers, h)) continue;
-    if (h.proc(h.tag, toHandle(tree_.find(view->root)), group, params)) return true;
-  }
-  return false;
-}
-
 bool DomEngine::dispatch(Element& target, UINT group, UINT* cmd, void* params) {
   std::vector<std::uint32_t> path;
   for (const Element* e = &target; e != nullptr; e = e->parent) path.push_back(e->number);
-  const View* view = viewOf(target);
-  const HWND hwnd = view != nullptr ? view->hwnd : nullptr;
   const UINT plain = *cmd;
   *cmd = plain | SINKING;
-  if (hwnd != nullptr && callWindowHandlers(hwnd, group, params)) return true;
   for (auto n = path.rbegin(); n != path.rend(); ++n)
     if (callHandlers(*n, group, params)) return true;
   *cmd = plain;
   for (const std::uint32_t n : path)
     if (callHandlers(n, group, params)) return true;
-  return hwnd != nullptr && callWindowHandlers(hwnd, group, params);
+  return false;
 }
 
 bool DomEngine::sendBehaviorEvent(Element& target, UINT code, Element* source, UINT_PTR reason) {

@@ -1,9 +1,10 @@
 #pragma once
-// The HTML engine as the dialogs see it: one operation per engine function
-// they call, named after the library's C function without its "HTMLayout"
-// prefix, with the same parameters and results. Window-level operations take
-// the window as the key of the view. Implemented by the binding of the
-// library's DLL and by our own DOM engine.
+// The HTML engine as the dialogs see it: exactly the library's operations
+// that the dialog subsystem uses, no more and no fewer. Each is named after
+// the library's C function without its "HTMLayout" prefix, with the same
+// parameters and results; window-level operations take the window as the
+// key of the view. Implemented by the binding of the library's DLL and by
+// our own DOM engine.
 #include "htmlui/engine/HtmlayoutApi.h"
 
 namespace kvt1::html {
@@ -17,8 +18,6 @@ class HtmlEngine {
   virtual VOID SetCallback(HWND hwnd, LPHTMLAYOUT_NOTIFY cb, LPVOID cbParam) = 0;
   virtual BOOL DataReady(HWND hwnd, LPCWSTR uri, LPBYTE data, DWORD dataLength) = 0;
   virtual LRESULT ProcND(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam, BOOL* pbHandled) = 0;
-  virtual HLDOM_RESULT WindowAttachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag,
-                                                UINT subscription) = 0;
   virtual HLDOM_RESULT WindowDetachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag) = 0;
   virtual UINT GetMinWidth(HWND hwnd) = 0;
   virtual UINT GetMinHeight(HWND hwnd, UINT width) = 0;

@@ -11,7 +11,6 @@ struct HtmlayoutLibrary::Exports {
   VOID(WINAPI* SetCallback)(HWND, LPHTMLAYOUT_NOTIFY, LPVOID) = nullptr;
   BOOL(WINAPI* DataReady)(HWND, LPCWSTR, LPBYTE, DWORD) = nullptr;
   LRESULT(WINAPI* ProcND)(HWND, UINT, WPARAM, LPARAM, BOOL*) = nullptr;
-  HLDOM_RESULT(WINAPI* WindowAttachEventHandler)(HWND, LPELEMENT_EVENT_PROC, LPVOID, UINT) = nullptr;
   HLDOM_RESULT(WINAPI* WindowDetachEventHandler)(HWND, LPELEMENT_EVENT_PROC, LPVOID) = nullptr;
   UINT(WINAPI* GetMinWidth)(HWND) = nullptr;
   UINT(WINAPI* GetMinHeight)(HWND, UINT) = nullptr;
@@ -112,7 +111,6 @@ constexpr ExportEntry kExportTable[] = {
     {"HTMLayoutSetCallback", Need::required, &bindExport<&Exports::SetCallback>},
     {"HTMLayoutDataReady", Need::required, &bindExport<&Exports::DataReady>},
     {"HTMLayoutProcND", Need::required, &bindExport<&Exports::ProcND>},
-    {"HTMLayoutWindowAttachEventHandler", Need::optional, &bindExport<&Exports::WindowAttachEventHandler>},
     {"HTMLayoutWindowDetachEventHandler", Need::required, &bindExport<&Exports::WindowDetachEventHandler>},
     {"HTMLayoutGetMinWidth", Need::optional, &bindExport<&Exports::GetMinWidth>},
     {"HTMLayoutGetMinHeight", Need::optional, &bindExport<&Exports::GetMinHeight>},
@@ -236,11 +234,6 @@ LRESULT HtmlayoutLibrary::ProcND(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lPar
   // Without the engine the window's own procedure handles the message.
   if (pbHandled) *pbHandled = FALSE;
   return 0;
-}
-
-HLDOM_RESULT HtmlayoutLibrary::WindowAttachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag,
-                                                        UINT subscription) {
-  return callOr(exports_->WindowAttachEventHandler, kDomFailed, hwnd, pep, tag, subscription);
 }
 
 HLDOM_RESULT HtmlayoutLibrary::WindowDetachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag) {

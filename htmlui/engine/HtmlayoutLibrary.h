@@ -32,7 +32,6 @@ class HtmlayoutLibrary : public HtmlEngine {
   VOID SetCallback(HWND hwnd, LPHTMLAYOUT_NOTIFY cb, LPVOID cbParam) override;
   BOOL DataReady(HWND hwnd, LPCWSTR uri, LPBYTE data, DWORD dataLength) override;
   LRESULT ProcND(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam, BOOL* pbHandled) override;
-  HLDOM_RESULT WindowAttachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag, UINT subscription) override;
   HLDOM_RESULT WindowDetachEventHandler(HWND hwnd, LPELEMENT_EVENT_PROC pep, LPVOID tag) override;
   UINT GetMinWidth(HWND hwnd) override;
   UINT GetMinHeight(HWND hwnd, UINT width) override;
