@@ -54,25 +54,25 @@ void NodeGeometry::collect(const litehtml::element::ptr& root) {
   if (root) visit(root, 0, 0, root->get_placement().width);
 }
 
-std::optional<LayoutBox> NodeGeometry::visit(const litehtml::element::ptr& element, int layer, int depth,
+std::optional<LayoutBox> NodeGeometry::visit(const litehtml::element::ptr& element, int stacking, int depth,
                                              int containingWidth) {
   const litehtml::css_properties& css = element->css();
   if (css.get_display() == litehtml::display_none) return std::nullopt;
   if (css.get_position() == litehtml::element_position_absolute ||
       css.get_position() == litehtml::element_position_fixed) {
-    ++layer;
+    stacking = ++positioned_;
   }
   int node = 0;
   const bool numbered = readNode(element, node);
   const std::size_t index = entries_.size();
   if (numbered) {
     byNode_[node] = index;
-    entries_.push_back({node, {}, layer, depth, css.get_visibility() == litehtml::visibility_visible});
+    entries_.push_back({node, {}, stacking, depth, css.get_visibility() == litehtml::visibility_visible});
   }
   const int childrenWidth = element->get_placement().width;
   std::optional<LayoutBox> children;
   for (const litehtml::element::ptr& child : element->children()) {
-    if (auto box = visit(child, layer, depth + 1, childrenWidth)) children = children ? unite(*children, *box) : *box;
+    if (auto box = visit(child, stacking, depth + 1, childrenWidth)) children = children ? unite(*children, *box) : *box;
   }
   // litehtml places the content box of an element, but inline elements and
   // table rows have none of their own: they cover what they hold (an inline
@@ -98,7 +98,9 @@ int NodeGeometry::hitTest(int x, int y) const {
   const Entry* best = nullptr;
   for (const Entry& entry : entries_) {
     if (!entry.visible || !holds(entry.box, x, y)) continue;
-    if (!best || entry.layer > best->layer || (entry.layer == best->layer && entry.depth >= best->depth)) {
+    // What is drawn last at the point: the latest positioned box, then the deepest element in it.
+    if (!best || entry.stacking > best->stacking ||
+        (entry.stacking == best->stacking && entry.depth >= best->depth)) {
       best = &entry;
     }
   }

@@ -23,15 +23,19 @@ class NodeGeometry {
   struct Entry {
     int node;
     LayoutBox box;
-    int layer;  // positioned ancestors (absolute or fixed), this element included
+    // Which positioned box (absolute or fixed) the element is drawn with: 0
+    // for the flow, else that box's place in document order, this element
+    // included. Positioned boxes are drawn above the flow in document order.
+    int stacking;
     int depth;
     bool visible;  // false for visibility:hidden, which keeps its place but takes no hits
   };
 
   // Records the numbered elements of a subtree and returns the subtree's box.
-  std::optional<LayoutBox> visit(const litehtml::element::ptr& element, int layer, int depth, int containingWidth);
+  std::optional<LayoutBox> visit(const litehtml::element::ptr& element, int stacking, int depth, int containingWidth);
 
   std::vector<Entry> entries_;  // in document order
+  int positioned_ = 0;          // positioned boxes met so far
   std::unordered_map<int, std::size_t> byNode_;
 };
 

@@ -137,8 +137,11 @@ TEST_F(SplashDialogTest, APointerClickOnThePictureClosesIt) {
   ASSERT_EQ(platform::sendMessage(hwnd, html::kWmAutomationLocate, 0, reinterpret_cast<std::intptr_t>(&query)), 1);
   ASSERT_TRUE(query.visible);
   EXPECT_EQ(query.rect.right - query.rect.left, CKVTSplash::kPictureWidth);
-  // Inside the picture, away from its lines of text.
-  const std::intptr_t at = (static_cast<std::intptr_t>(query.rect.top + 100) << 16) | (query.rect.left + 100);
+  // On the version line: the click area lies over the picture's lines of text.
+  html::AutomationQuery version;
+  version.selector = L"#versionInfo";
+  ASSERT_EQ(platform::sendMessage(hwnd, html::kWmAutomationLocate, 0, reinterpret_cast<std::intptr_t>(&version)), 1);
+  const std::intptr_t at = (static_cast<std::intptr_t>(version.rect.top + 2) << 16) | (version.rect.left + 2);
   platform::sendMessage(hwnd, WM_MOUSEMOVE, 0, at);
   platform::sendMessage(hwnd, WM_LBUTTONDOWN, 1, at);
   platform::sendMessage(hwnd, WM_LBUTTONUP, 0, at);

@@ -87,6 +87,19 @@ TEST_F(LitehtmlGeometryTest, ShownPopupLiesAboveTheFlow) {
   EXPECT_EQ(layout.hitTest(x, y), 5);
 }
 
+// Positioned boxes are drawn in document order: a later one covers an
+// earlier one and everything in it, however deep (a click area over a
+// picture's lines of text).
+TEST_F(LitehtmlGeometryTest, ALaterPositionedBoxCoversTheTextOfAnEarlierOne) {
+  const std::string html = page(
+      "<div kvt1-node=\"2\" style=\"position:absolute;left:0;top:0\"><span kvt1-node=\"3\">Version 1.1</span></div>"
+      "<div kvt1-node=\"4\" style=\"position:absolute;left:0;top:0;width:200px;height:50px\"></div>");
+  ASSERT_TRUE(layout.layout(html, 300));
+  const LayoutBox text = boxOf(3);
+  ASSERT_TRUE(inside(text, boxOf(4)));
+  EXPECT_EQ(layout.hitTest(text.x + 2, text.y + 2), 4);
+}
+
 // The master sheet reaches a page in parts, chosen by the elements the page
 // holds; tags and classes are found whatever their case.
 TEST_F(LitehtmlGeometryTest, TheDialogLookReachesEveryKindOfElement) {
