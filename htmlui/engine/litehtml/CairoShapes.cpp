@@ -1,5 +1,7 @@
 #include "htmlui/engine/litehtml/CairoShapes.h"
 
+#include "htmlui/engine/litehtml/BorderSides.h"
+
 #include <cairo.h>
 
 #include <algorithm>
@@ -7,21 +9,6 @@
 
 namespace kvt1::html {
 namespace {
-
-bool isDrawn(const litehtml::border& side) {
-  return side.width > 0 && side.style != litehtml::border_style_none && side.style != litehtml::border_style_hidden &&
-         side.color.alpha > 0;
-}
-
-bool sameLook(const litehtml::border& a, const litehtml::border& b) {
-  return a.width == b.width && a.style == b.style && a.color.red == b.color.red && a.color.green == b.color.green &&
-         a.color.blue == b.color.blue && a.color.alpha == b.color.alpha;
-}
-
-bool hasRadius(const litehtml::border_radiuses& r) {
-  return r.top_left_x || r.top_left_y || r.top_right_x || r.top_right_y || r.bottom_right_x || r.bottom_right_y ||
-         r.bottom_left_x || r.bottom_left_y;
-}
 
 // Quarter ellipse from the angle `from` to `from + 90` degrees around (cx, cy).
 void addCorner(cairo_t* cr, double cx, double cy, double rx, double ry, double from) {

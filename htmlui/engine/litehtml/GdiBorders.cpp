@@ -1,23 +1,11 @@
 #include "htmlui/engine/litehtml/GdiBorders.h"
 
+#include "htmlui/engine/litehtml/BorderSides.h"
 #include "htmlui/engine/litehtml/GdiCanvas.h"
 #include "htmlui/engine/litehtml/GdiplusShapes.h"
 
 namespace kvt1::html {
 namespace {
-
-bool isDrawn(const litehtml::border& side) {
-  return side.width > 0 && side.style != litehtml::border_style_none && side.style != litehtml::border_style_hidden &&
-         side.color.alpha > 0;
-}
-
-bool sameLook(const litehtml::border& a, const litehtml::border& b) {
-  return a.width == b.width && a.style == b.style && a.color == b.color;
-}
-
-bool isBroken(const litehtml::border& side) {
-  return side.style == litehtml::border_style_dotted || side.style == litehtml::border_style_dashed;
-}
 
 // A side that is a plain rectangle of colour: not broken, not translucent.
 bool isPlain(const litehtml::border& side) {

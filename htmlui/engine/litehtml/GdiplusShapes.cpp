@@ -23,11 +23,6 @@ Gdiplus::Color colorOf(const litehtml::web_color& color) {
   return Gdiplus::Color(color.alpha, color.red, color.green, color.blue);
 }
 
-bool hasRadius(const litehtml::border_radiuses& r) {
-  return r.top_left_x || r.top_left_y || r.top_right_x || r.top_right_y || r.bottom_right_x || r.bottom_right_y ||
-         r.bottom_left_x || r.bottom_left_y;
-}
-
 void addRoundedRectangle(Gdiplus::GraphicsPath& path, const litehtml::position& box,
                          const litehtml::border_radiuses& radius) {
   const Gdiplus::RectF whole(float(box.x), float(box.y), float(box.width), float(box.height));

@@ -4,11 +4,11 @@
 
 #include <litehtml.h>
 
+#include "htmlui/engine/litehtml/BorderSides.h"
+
 namespace kvt1::html {
 
 Gdiplus::Color colorOf(const litehtml::web_color& color);
-
-bool hasRadius(const litehtml::border_radiuses& radius);
 
 // Adds a closed figure of the box with elliptic corners to the path.
 void addRoundedRectangle(Gdiplus::GraphicsPath& path, const litehtml::position& box,
