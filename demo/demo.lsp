@@ -31,8 +31,10 @@
 KVT1
 KVT1
 
-; A drawing opened now gets the start file queued and its own LISP functions.
+; A drawing opened now gets the start file queued and its own LISP functions;
+; the about box shows there until its button closes it.
 NEW
+@click OK
 (kvt1_info)
 CLOSE
 
