@@ -7,8 +7,12 @@ set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 # Warnings, cache and platform flags shared by every target.
 find_program(KVT1_CCACHE ccache)
 if(KVT1_CCACHE)
-  set(CMAKE_C_COMPILER_LAUNCHER ${KVT1_CCACHE})
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${KVT1_CCACHE})
+  # Paths below the source folder are hashed relative to it, so that a fresh
+  # clone elsewhere (CI) finds what an earlier build compiled.
+  set(KVT1_CCACHE_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1
+                           ${KVT1_CCACHE})
+  set(CMAKE_C_COMPILER_LAUNCHER ${KVT1_CCACHE_LAUNCHER})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${KVT1_CCACHE_LAUNCHER})
 endif()
 
 add_compile_options(-Wall -Wextra -Wno-unused-parameter)
