@@ -57,6 +57,10 @@ bool DialogDirector::isTopLevelDialog(HWND window) {
 }
 
 void DialogDirector::point(HWND dialog, int x, int y, Pointer pointer) {
+  // The pointer is where the user acts: the dialog reads it for its context menu and its focus.
+  POINT screen{x, y};
+  ClientToScreen(dialog, &screen);
+  SetCursorPos(screen.x, screen.y);
   const LPARAM at = pointParam(x, y);
   PostMessageW(dialog, WM_MOUSEMOVE, 0, at);
   if (pointer == Pointer::Click) {
