@@ -16,8 +16,6 @@
 #include <chrono>
 
 #include "htmlui/engine/HtmlayoutLibrary.h"
-#else
-#include <dlfcn.h>
 #endif
 
 namespace kvt1 {
@@ -42,18 +40,7 @@ std::vector<unsigned char> pictureResource(void* resources, const std::string& u
   return std::vector<unsigned char>(data->bytes, data->bytes + data->size);
 }
 
-#ifndef _WIN32
-// Pango starts fontconfig on a thread of its own and registers its types
-// with GObject for the life of the process: once the module has used them,
-// the font libraries stay loaded when the module is unloaded, or that thread
-// would run in unmapped code and a later load would register the types twice.
-void keepFontLibrariesLoaded() { dlopen("libpangocairo-1.0.so.0", RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE); }
-#endif
-
 std::unique_ptr<html::HtmlEngine> domEngine(void* resources) {
-#ifndef _WIN32
-  keepFontLibrariesLoaded();
-#endif
   auto layout = std::make_unique<html::LitehtmlLayout>();
   layout->setImageLoader([resources](const std::string& url) { return pictureResource(resources, url); });
   auto engine = std::make_unique<html::DomEngine>();

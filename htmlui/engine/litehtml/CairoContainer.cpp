@@ -3,6 +3,7 @@
 #include "htmlui/engine/litehtml/CairoShapes.h"
 
 #include <cairo.h>
+#include <dlfcn.h>
 #include <glib.h>
 
 #include <cmath>
@@ -28,7 +29,14 @@ std::string capitalized(const std::string& text) {
 
 }  // namespace
 
-std::unique_ptr<PageContainer> makePageContainer() { return std::make_unique<CairoContainer>(); }
+// Pango starts fontconfig on a thread of its own and registers its types
+// with GObject for the life of the process: once a module has used them, the
+// font libraries stay loaded when that module is unloaded, or that thread
+// would run in unmapped code and a later load would register the types twice.
+std::unique_ptr<PageContainer> makePageContainer() {
+  dlopen("libpangocairo-1.0.so.0", RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+  return std::make_unique<CairoContainer>();
+}
 
 bool CairoContainer::paint(litehtml::document& document, std::uintptr_t context, const litehtml::position& area) {
   cairo_t* cr = reinterpret_cast<cairo_t*>(context);
