@@ -62,6 +62,29 @@ else
   apt_install "${native_packages[@]}" "${mingw_packages[@]}"
 fi
 
+# What the setup builds from sources goes into $deps_dir/<target>, once per
+# version: a stamp file there marks it installed.
+installed() { [ -f "$deps_dir/$3/.$1-$2" ]; }
+
+# cmake_install NAME VERSION SOURCE BUILD TARGET [cmake options...]: a
+# Release build of SOURCE in BUILD, installed into $deps_dir/TARGET and stamped.
+cmake_install() {
+  local name=$1 version=$2 source=$3 build=$4 prefix="$deps_dir/$5"
+  shift 5
+  log "building $name $version for ${prefix##*/}"
+  cmake -S "$source" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$prefix" \
+    -DBUILD_SHARED_LIBS=OFF "$@" >/dev/null
+  cmake --build "$build" --parallel 2 >/dev/null
+  "${sudo_cmd[@]}" cmake --install "$build" >/dev/null
+  "${sudo_cmd[@]}" touch "$prefix/.$name-$version"
+}
+
+mingw_options() {
+  local triplet=$1
+  printf '%s\n' -DCMAKE_SYSTEM_NAME=Windows "-DCMAKE_C_COMPILER=$triplet-gcc-posix" \
+    "-DCMAKE_CXX_COMPILER=$triplet-g++-posix" "-DCMAKE_RC_COMPILER=$triplet-windres"
+}
+
 # litehtml, one version on every build, from Debian's own source archive: the
 # archive's pool is found through the machine's apt sources; a byte-identical
 # copy beside the repository (../shared/deps) serves a mirror that lacks it.
@@ -103,28 +126,14 @@ litehtml_unpacked() {
   litehtml_source=$(find "$litehtml_work" -mindepth 1 -maxdepth 1 -type d | head -n 1)
 }
 
-# build_litehtml NAME [cmake options...]: a static library with gumbo into $deps_dir/NAME.
+# build_litehtml TARGET [cmake options...]: a static library with gumbo into $deps_dir/TARGET.
 build_litehtml() {
-  local name=$1
+  local target=$1
   shift
-  local prefix="$deps_dir/$name"
-  local stamp="$prefix/.litehtml-$litehtml_version-$litehtml_sha256"
-  [ -f "$stamp" ] && return 0
+  installed litehtml "$litehtml_version-$litehtml_sha256" "$target" && return 0
   litehtml_unpacked
-  log "building litehtml $litehtml_version for $name"
-  local build="$litehtml_work/build-$name"
-  cmake -S "$litehtml_source" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-    -DCMAKE_INSTALL_PREFIX="$prefix" -DBUILD_SHARED_LIBS=OFF -DCMAKE_POSITION_INDEPENDENT_CODE=ON \
-    -DLITEHTML_BUILD_TESTING=OFF "$@" >/dev/null
-  cmake --build "$build" --parallel >/dev/null
-  "${sudo_cmd[@]}" cmake --install "$build" >/dev/null
-  "${sudo_cmd[@]}" touch "$stamp"
-}
-
-mingw_options() {
-  local triplet=$1
-  printf '%s\n' -DCMAKE_SYSTEM_NAME=Windows "-DCMAKE_C_COMPILER=$triplet-gcc-posix" \
-    "-DCMAKE_CXX_COMPILER=$triplet-g++-posix" "-DCMAKE_RC_COMPILER=$triplet-windres"
+  cmake_install litehtml "$litehtml_version-$litehtml_sha256" "$litehtml_source" "$litehtml_work/build-$target" \
+    "$target" -DCMAKE_POSITION_INDEPENDENT_CODE=ON -DLITEHTML_BUILD_TESTING=OFF "$@"
 }
 
 build_litehtml linux
@@ -174,25 +183,15 @@ debian_source() {
 jsoncpp_version=$(dpkg-query -W -f='${Version}' libjsoncpp-dev)
 build_jsoncpp() {
   local triplet=$1
-  local prefix="$deps_dir/$triplet"
-  local stamp="$prefix/.jsoncpp-$jsoncpp_version"
-  [ -f "$stamp" ] && return 0
-
+  installed jsoncpp "$jsoncpp_version" "$triplet" && return 0
   local work
   work=$(mktemp -d)
   debian_source libjsoncpp-dev "$work"
-
-  log "building jsoncpp $jsoncpp_version for $triplet"
   mapfile -t options < <(mingw_options "$triplet")
-  cmake -S "$source_dir" -B "$work/build" -G Ninja "${options[@]}" \
-    -DCMAKE_BUILD_TYPE=Release \
-    -DCMAKE_INSTALL_PREFIX="$prefix" \
-    -DBUILD_SHARED_LIBS=OFF -DBUILD_STATIC_LIBS=ON -DBUILD_OBJECT_LIBS=OFF \
+  cmake_install jsoncpp "$jsoncpp_version" "$source_dir" "$work/build" "$triplet" "${options[@]}" \
+    -DBUILD_STATIC_LIBS=ON -DBUILD_OBJECT_LIBS=OFF \
     -DJSONCPP_WITH_TESTS=OFF -DJSONCPP_WITH_POST_BUILD_UNITTEST=OFF \
-    -DJSONCPP_WITH_PKGCONFIG_SUPPORT=OFF -DJSONCPP_WITH_CMAKE_PACKAGE=ON >/dev/null
-  cmake --build "$work/build" --parallel >/dev/null
-  "${sudo_cmd[@]}" cmake --install "$work/build" >/dev/null
-  "${sudo_cmd[@]}" touch "$stamp"
+    -DJSONCPP_WITH_PKGCONFIG_SUPPORT=OFF -DJSONCPP_WITH_CMAKE_PACKAGE=ON
   rm -rf "$work"
 }
 
@@ -204,28 +203,17 @@ build_jsoncpp i686-w64-mingw32
 benchmark_version=$(dpkg-query -W -f='${Version}' libbenchmark-dev)
 build_benchmark() {
   local triplet=$1
-  local prefix="$deps_dir/$triplet"
-  local stamp="$prefix/.benchmark-$benchmark_version"
-  [ -f "$stamp" ] && return 0
-
+  installed benchmark "$benchmark_version" "$triplet" && return 0
   local work
   work=$(mktemp -d)
   debian_source libbenchmark-dev "$work"
-
-  log "building Google Benchmark $benchmark_version for $triplet"
   mapfile -t options < <(mingw_options "$triplet")
   # Cross builds cannot run the feature probes; MinGW has both features.
   # The library is C++ only: the C compiler among the options goes unused.
-  cmake -S "$source_dir" -B "$work/build" -G Ninja --no-warn-unused-cli "${options[@]}" \
-    -DCMAKE_BUILD_TYPE=Release \
-    -DCMAKE_INSTALL_PREFIX="$prefix" \
-    -DBUILD_SHARED_LIBS=OFF -DGIT_VERSION="${benchmark_version%%-*}" \
-    -DHAVE_STD_REGEX=1 -DHAVE_STEADY_CLOCK=1 \
+  cmake_install benchmark "$benchmark_version" "$source_dir" "$work/build" "$triplet" --no-warn-unused-cli \
+    "${options[@]}" -DGIT_VERSION="${benchmark_version%%-*}" -DHAVE_STD_REGEX=1 -DHAVE_STEADY_CLOCK=1 \
     -DBENCHMARK_ENABLE_TESTING=OFF -DBENCHMARK_ENABLE_GTEST_TESTS=OFF \
-    -DBENCHMARK_ENABLE_WERROR=OFF -DBENCHMARK_INSTALL_DOCS=OFF >/dev/null
-  cmake --build "$work/build" --parallel 2 >/dev/null
-  "${sudo_cmd[@]}" cmake --install "$work/build" >/dev/null
-  "${sudo_cmd[@]}" touch "$stamp"
+    -DBENCHMARK_ENABLE_WERROR=OFF -DBENCHMARK_INSTALL_DOCS=OFF
   rm -rf "$work"
 }
 
