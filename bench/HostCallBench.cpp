@@ -61,5 +61,3 @@ void BM_ModuleInitialisation(benchmark::State& state) {
 BENCHMARK(BM_ModuleInitialisation);
 
 }  // namespace
-
-BENCHMARK_MAIN();

@@ -65,5 +65,3 @@ void BM_ParsePage100KB(benchmark::State& state) {
 BENCHMARK(BM_ParsePage100KB)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();

@@ -91,5 +91,3 @@ void BM_RenderDialogPng(benchmark::State& state) {
 BENCHMARK(BM_RenderDialogPng)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();

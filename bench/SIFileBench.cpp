@@ -140,5 +140,3 @@ BENCHMARK(BM_Getline_Utf16)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ReadLine_AnsiToWide)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();

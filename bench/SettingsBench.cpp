@@ -40,5 +40,3 @@ void BM_LoadHelpMap10000Lines(benchmark::State& state) {
 BENCHMARK(BM_LoadHelpMap10000Lines)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();

@@ -64,5 +64,3 @@ BENCHMARK(BM_StartUpCheckNeverAnswered)->Unit(benchmark::kMillisecond)->UseRealT
 BENCHMARK(BM_StartUpCheckSwitchedOff)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 }  // namespace
-
-BENCHMARK_MAIN();

@@ -49,5 +49,3 @@ BENCHMARK(BM_OpenUpdateNotification)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_OpenUpdateNotificationWithoutLayout)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();

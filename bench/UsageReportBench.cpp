@@ -92,5 +92,3 @@ void BM_SaveReport(benchmark::State& state) {
 BENCHMARK(BM_SaveReport)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();

@@ -154,5 +154,3 @@ BENCHMARK(BM_LookupByKey);
 BENCHMARK(BM_LookupErrorCode);
 
 }  // namespace
-
-BENCHMARK_MAIN();

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/ProcessHeap.h"
 #include "platform/Unicode.h"
 #include "tools/kvt1-host/Session.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
@@ -96,6 +97,7 @@ void printError(const std::wstring& text) {
 }
 
 int run(const std::vector<std::wstring>& args) {
+  kvt1::platform::useHostProcessHeap();
   std::vector<std::pair<std::wstring, std::wstring>> environment;
   std::vector<std::wstring> positional;
   bool echo = false;

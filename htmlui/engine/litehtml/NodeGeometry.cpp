@@ -69,10 +69,11 @@ std::optional<LayoutBox> NodeGeometry::visit(const litehtml::element::ptr& eleme
     byNode_[node] = index;
     entries_.push_back({node, {}, stacking, depth, css.get_visibility() == litehtml::visibility_visible});
   }
-  const int childrenWidth = element->get_placement().width;
+  // litehtml finds a placement by walking up the element's ancestors: once per element.
+  const litehtml::position placement = element->get_placement();
   std::optional<LayoutBox> children;
   for (const litehtml::element::ptr& child : element->children()) {
-    if (auto box = visit(child, stacking, depth + 1, childrenWidth)) children = children ? unite(*children, *box) : *box;
+    if (auto box = visit(child, stacking, depth + 1, placement.width)) children = children ? unite(*children, *box) : *box;
   }
   // litehtml places the content box of an element, but inline elements and
   // table rows have none of their own: they cover what they hold (an inline
@@ -81,7 +82,7 @@ std::optional<LayoutBox> NodeGeometry::visit(const litehtml::element::ptr& eleme
   if (children && css.get_display() == litehtml::display_inline) {
     own = aroundContent({children->x, children->y, children->width, children->height}, element, containingWidth);
   } else {
-    own = aroundContent(element->get_placement(), element, containingWidth);
+    own = aroundContent(placement, element, containingWidth);
     if (own.width == 0 && own.height == 0 && children) own = *children;
   }
   if (numbered) entries_[index].box = own;

@@ -29,12 +29,6 @@ Hv::CHvUsageReport sampleReport() {
   return report;
 }
 
-Json::Value parsed(const std::string& text) {
-  Json::Value root;
-  EXPECT_TRUE(json::parse(text, root)) << text;
-  return root;
-}
-
 bool readText(const std::string& text, Hv::CHvUsageReport& report) {
   return usage::readReportFileText(text, report);
 }
