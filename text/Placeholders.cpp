@@ -1,6 +1,7 @@
 #include "text/Placeholders.h"
 
-#include <cwctype>
+#include <cwchar>
+#include <optional>
 
 #include "platform/WideFormat.h"
 
@@ -14,14 +15,39 @@ bool replaceFirst(std::wstring& text, const wchar_t* placeholder, const std::wst
   return !text.empty();
 }
 
-// "%f" or "%." digits "f": the only formats a float placeholder may carry.
-bool isFloatFormat(const std::wstring& format) {
-  if (format == L"%f") return true;
-  if (format.size() < 3 || format[1] != L'.') return false;
-  for (std::size_t i = 2; i + 1 < format.size(); ++i) {
-    if (!std::iswdigit(format[i])) return false;
+// The float conversion that starts at text[at] ("%" flags width .precision
+// length conversion, e.g. "%f", "%.2lf", "%-8.3Lf", "%+e"): its length, and
+// the format to print a double with (the length modifier dropped: "L" would
+// ask for a long double). Nothing when text[at] starts no such conversion;
+// widths and precisions have at most three digits, so no text grows without bound.
+constexpr std::size_t kMaxDigits = 3;
+
+struct FloatConversion {
+  std::size_t length;
+  std::wstring format;
+};
+
+std::optional<FloatConversion> floatConversionAt(const std::wstring& text, std::size_t at) {
+  std::size_t i = at + 1;
+  const auto isIn = [&](const wchar_t* set) {
+    return i < text.size() && text[i] != L'\0' && std::wcschr(set, text[i]) != nullptr;
+  };
+  const auto digits = [&] {
+    const std::size_t first = i;
+    while (isIn(L"0123456789")) ++i;
+    return i - first <= kMaxDigits;
+  };
+  while (isIn(L"-+ #0")) ++i;
+  if (!digits()) return std::nullopt;
+  if (isIn(L".")) {
+    ++i;
+    if (!digits()) return std::nullopt;
   }
-  return true;
+  std::wstring format = text.substr(at, i - at);
+  if (isIn(L"lL")) ++i;
+  if (!isIn(L"fFeEgG")) return std::nullopt;
+  format += text[i];
+  return FloatConversion{i + 1 - at, format};
 }
 
 }  // namespace
@@ -55,17 +81,13 @@ bool ReplaceFloat(std::wstring& text, double value, int precision) {
     const std::wstring format = kvt1::platform::formatWide(L"%%.%df", precision);
     return replaceFirst(text, L"%f", kvt1::platform::formatWide(format.c_str(), value));
   }
-  std::size_t start = text.find(L'%');
-  while (start != std::wstring::npos && start + 1 < text.size() && text[start + 1] != L'.' && text[start + 1] != L'f') {
-    start = text.find(L'%', start + 1);
+  for (std::size_t at = text.find(L'%'); at != std::wstring::npos; at = text.find(L'%', at + 1)) {
+    const std::optional<FloatConversion> conversion = floatConversionAt(text, at);
+    if (!conversion) continue;
+    text.replace(at, conversion->length, kvt1::platform::formatWide(conversion->format.c_str(), value));
+    return !text.empty();
   }
-  if (start == std::wstring::npos || start + 1 >= text.size()) return false;
-  const std::size_t end = text.find(L'f', start + 1);
-  if (end == std::wstring::npos) return false;
-  const std::wstring format = text.substr(start, end - start + 1);
-  if (!isFloatFormat(format)) return false;
-  text.replace(start, format.size(), kvt1::platform::formatWide(format.c_str(), value));
-  return !text.empty();
+  return false;
 }
 
 }  // namespace NTxtRes

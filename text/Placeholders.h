@@ -18,8 +18,9 @@ bool ReplaceUnsigned(std::wstring& text, unsigned value);
 
 // With a precision of 0 or more the first "%f" becomes the value with that
 // many decimals. With a negative precision the text names the format: the
-// first "%" followed by "." or "f", up to the next "f" ("%f", "%.3f"). False
-// when there is no such placeholder (or it is no valid float format).
+// first well-formed float conversion ("%f", "%.3f", "%.2lf", "%-8.1Lf",
+// "%+e"; flags, width and precision of up to three digits, "l" or "L").
+// False when there is no such placeholder.
 bool ReplaceFloat(std::wstring& text, double value, int precision);
 
 // Replaces every occurrence of what by with.

@@ -39,28 +39,53 @@ TEST(PlaceholdersTest, ReplacingWithNothingReportsAnEmptyResult) {
 }
 
 TEST(PlaceholdersTest, FloatsTakeTheGivenPrecisionOrTheTextsOwnFormat) {
-  std::wstring text = L"Slope %.2f";
-  EXPECT_TRUE(ReplaceFloat(text, 0.12345, -1));
-  EXPECT_EQ(text, L"Slope 0.12");
-
-  text = L"Slope %f";
-  EXPECT_TRUE(ReplaceFloat(text, 0.5, 3));
-  EXPECT_EQ(text, L"Slope 0.500");
-
-  text = L"100% of %f and %f";
-  EXPECT_TRUE(ReplaceFloat(text, 2.25, -1));
-  EXPECT_EQ(text, L"100% of 2.250000 and %f");
-
-  text = L"Slope %.2f";
-  EXPECT_FALSE(ReplaceFloat(text, 1.0, 2));
-  EXPECT_EQ(text, L"Slope %.2f");
+  struct Case {
+    const wchar_t* text;
+    double value;
+    int precision;
+    const wchar_t* expected;
+  };
+  const Case cases[] = {
+      {L"Slope %.2f", 0.12345, -1, L"Slope 0.12"},
+      {L"Slope %f", 0.5, 3, L"Slope 0.500"},
+      {L"100% of %f and %f", 2.25, -1, L"100% of 2.250000 and %f"},
+      {L"Slope %.2lf", 0.12345, -1, L"Slope 0.12"},
+      {L"Slope %.3Lf m", 1.5, -1, L"Slope 1.500 m"},
+      {L"[%-6.1f]", 2.0, -1, L"[2.0   ]"},
+      {L"[%+08.2f]", 3.14159, -1, L"[+0003.14]"},
+      {L"%g", 1500.0, -1, L"1500"},
+      {L"%G", 0.0001, -1, L"0.0001"},
+      {L"%d of %.1f", 7.3, -1, L"%d of 7.3"},
+  };
+  for (const Case& c : cases) {
+    std::wstring text = c.text;
+    EXPECT_TRUE(ReplaceFloat(text, c.value, c.precision)) << c.text;
+    EXPECT_EQ(text, c.expected) << c.text;
+  }
 }
 
 TEST(PlaceholdersTest, AFloatFormatTheTextCannotNameLeavesItUnchanged) {
-  for (const wchar_t* original : {L"50% off", L"ends with %", L"%.2 without an f", L"%.x2f", L"%.2d%"}) {
-    std::wstring text = original;
-    EXPECT_FALSE(ReplaceFloat(text, 1.5, -1)) << text;
-    EXPECT_EQ(text, original);
+  struct Case {
+    std::wstring text;
+    int precision;
+  };
+  const Case cases[] = {
+      {L"Slope %.2f", 2},  // a given precision needs a bare "%f"
+      {L"50% off", -1},
+      {L"ends with %", -1},
+      {L"%.2 without an f", -1},
+      {L"%.x2f", -1},
+      {L"%.2d%", -1},
+      {L"%*.2f", -1},       // a width taken from the arguments
+      {L"%.2llf", -1},      // one length letter at most
+      {L"%1000000f", -1},   // a width that would fill memory
+      {L"%.1000000f", -1},  // a precision likewise
+      {std::wstring(L"%.2\0f", 5), -1},  // a NUL inside the conversion
+  };
+  for (const Case& c : cases) {
+    std::wstring text = c.text;
+    EXPECT_FALSE(ReplaceFloat(text, 1.5, c.precision)) << c.text.c_str();
+    EXPECT_EQ(text, c.text);
   }
 }
 
