@@ -27,15 +27,15 @@
 // that name), and selecting by a shared name selects the first such tab.
 //
 // Notifications: every change of the current tab, by a click on a header, a
-// key, the scroll buttons or a call (SelectTab, RemoveTab of the current
-// tab), reaches the owner as SHTMTabCtrlEventArgs with code ELEMENT_EXPANDED.
+// key or a call (SelectTab, RemoveTab of the current tab), reaches the
+// owner as SHTMTabCtrlEventArgs with code ELEMENT_EXPANDED.
 // Selecting the tab that is already current reports nothing.
 //
 // Scrolling: when the headers are wider than the strip, the scroll buttons
 // show at the strip's right end and the strip gives up room for them (style
 // "margin-right" the buttons' width, "padding-right" a small gap). Prev and
-// Next move the strip one header back or on; the current header stays in
-// view (when it would leave it, the nearest header in view becomes current).
+// Next move the strip one header back or on and nothing else: the current
+// header stays current, even out of view (selecting a tab brings it back).
 // The strip is moved by a negative "margin-left" on its first header rather
 // than by hiding headers: every header keeps its box, to be measured, and
 // stays visible to the arrow keys. Sizes come from the engine's layout;

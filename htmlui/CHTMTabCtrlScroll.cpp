@@ -6,7 +6,6 @@
 
 #include "htmlui/CHTMTabCtrl.h"
 #include "htmlui/HTMEngine.h"
-#include "htmlui/HTMTabsBehavior.h"
 
 namespace kvt1 {
 
@@ -117,13 +116,8 @@ void CHTMTabCtrl::ScrollBy(int step) {
   } else if (step < 0 && first > 0) {
     --first;
   }
+  // Only the strip moves: the current header stays current, in view or not.
   MoveStrip(first, geometry);
-  // The current header stays in view: when it left it, the nearest header in view takes its place.
-  const int current = GetCurrentTab();
-  if (current < 0) return;
-  int keep = std::max(current, first);
-  while (keep > first && geometry.right[keep] - geometry.left[first] > room) --keep;
-  if (keep != current) htmlayout::tabs::select(Element().Handle(), geometry.headers[keep].Handle(), BY_MOUSE_CLICK);
 }
 
 }  // namespace kvt1

@@ -31,7 +31,7 @@ TEST_F(GallerySession, EveryControlAnswersTheUserAndIsDrawnAsItStands) {
                                L"\n@click-selector #tabSurfaces [type='Next']"
                                L"\n@click-selector #tabSurfaces [type='Next']"
                                L"\n@snapshot tabs"
-                               L"\n@click-selector #tabSurfaces .strip > div:current"
+                               L"\n@click-selector #tabSurfaces .strip > [panel='panel-id3']"
                                L"\n@key END"
                                L"\n@click edtLength"
                                L"\n@type 5000"
