@@ -2,6 +2,7 @@
 
 #include "host/ModuleVersion.h"
 #include "host/ProductIdentity.h"
+#include "platform/FilePath.h"
 #include "settings/CSettingsStore.h"
 #include "settings/SettingNumbers.h"
 
@@ -11,7 +12,7 @@ namespace {
 std::wstring installationFile(int folderSetting, const wchar_t* name) {
   std::wstring folder;
   theSettings().readString(folderSetting, folder);
-  return folder + L"\\" + name;
+  return platform::joinPath(folder, name);
 }
 
 }  // namespace

@@ -18,6 +18,13 @@ namespace {
 
 using ScriptedAbout = Scripted<CKVTAbout>;
 
+// The release notes beside a folder, joined with the system's own separator.
+#ifdef _WIN32
+const wchar_t kReleaseNotesPath[] = L"\\ReleaseNotes.html";
+#else
+const wchar_t kReleaseNotesPath[] = L"/ReleaseNotes.html";
+#endif
+
 class AboutDialogTest : public ProductDialogTest {
  protected:
   void click(ScriptedAbout& dialog, const std::wstring& selector) {
@@ -45,8 +52,8 @@ TEST_F(AboutDialogTest, ShowsBothVersionsWithTheirReleaseNotesAndOkEndsIt) {
   EXPECT_EQ(program, std::wstring(L"Program: ") + moduleVersionNumber(VersionNumber::File));
   EXPECT_NE(program, L"Program: 0.0.0.0");  // the version resource was read
   EXPECT_EQ(library, L"Library: 1");
-  EXPECT_EQ(programHref, installation().programFolder() + L"\\ReleaseNotes.html");
-  EXPECT_EQ(libraryHref, installation().dataFolder() + L"\\ReleaseNotes.html");
+  EXPECT_EQ(programHref, installation().programFolder() + kReleaseNotesPath);
+  EXPECT_EQ(libraryHref, installation().dataFolder() + kReleaseNotesPath);
   EXPECT_EQ(linkText, L"Open release notes (HTML)");
   EXPECT_EQ(title, L"About");
   EXPECT_EQ(dialog.Style(), 0x80C80000u);  // a captioned dialog with a close box
@@ -58,7 +65,7 @@ TEST_F(AboutDialogTest, AReleaseNotesLinkOpensInTheShell) {
                         [&](ScriptedAbout& d) { click(d, L"button[name='OK']"); }},
                        nullptr);
   EXPECT_EQ(dialog.DoModal(), 1);
-  EXPECT_EQ(headless().shellOpened, std::vector<std::wstring>{installation().dataFolder() + L"\\ReleaseNotes.html"});
+  EXPECT_EQ(headless().shellOpened, std::vector<std::wstring>{installation().dataFolder() + kReleaseNotesPath});
 }
 
 TEST(ReleaseNotesLink, APathIsEscapedForTheAttribute) {
