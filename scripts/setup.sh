@@ -54,6 +54,7 @@ mingw_packages=(
   g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64-x86-64
   binutils-mingw-w64-i686 mingw-w64-tools libz-mingw-w64-dev
   dpkg-dev wine wine64 fonts-wine
+  msitools wixl osslsigncode
 )
 
 if [ "$native_only" -eq 1 ]; then
