@@ -144,7 +144,14 @@ void CHTMDialog::InitWindow() {
   m_body = m_root.SelectFirst(L"body");
   if (m_root.IsValid()) engine.AttachEventHandlerEx(m_root.Handle(), &element_proc, this, HANDLE_ALL);
 
-  if (!m_body.GetAttribute("resizeable").empty()) m_markers.resizeable = true;
+  // The body may make the dialog resizeable as the marker does: its window takes the styles that follow.
+  if (!m_markers.resizeable && !m_body.GetAttribute("resizeable").empty()) {
+    m_markers.resizeable = true;
+    const WindowStyles styles = dialogWindowStyles(m_markers, m_baseStyle);
+    m_style = styles.style;
+    m_exStyle = styles.exStyle;
+    platform::setWindowStyles(m_hwnd, m_style, m_exStyle);
+  }
   const std::wstring title = m_body.GetAttribute("title");
   if (!title.empty()) platform::setWindowText(m_hwnd, title);
   const std::wstring icon = m_body.GetAttribute("icon");
@@ -244,6 +251,9 @@ std::intptr_t CHTMDialog::onMessage(HWND window, unsigned message, std::uintptr_
       return 0;
     case WM_CLOSE:
       Close();
+      return 0;
+    case WM_GETMINMAXINFO:
+      platform::setTrackSizeLimits(lParam, m_minTrackWidth, m_minTrackHeight, m_maxTrackWidth, m_maxTrackHeight);
       return 0;
     case WM_NCDESTROY:
       // The page's elements are let go before the engine drops the page itself.

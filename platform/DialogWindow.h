@@ -21,6 +21,7 @@ typedef struct HWND__* HWND;
 #define WM_KILLFOCUS 0x0008
 #define WM_PAINT 0x000F
 #define WM_ERASEBKGND 0x0014
+#define WM_GETMINMAXINFO 0x0024
 #define WM_CLOSE 0x0010
 #define WM_QUIT 0x0012
 #define WM_SETICON 0x0080
@@ -81,6 +82,13 @@ bool isWindow(HWND window);
 
 std::uint32_t windowStyle(HWND window);
 std::uint32_t windowExStyle(HWND window);
+// Gives the window new styles; its frame follows at once.
+bool setWindowStyles(HWND window, std::uint32_t style, std::uint32_t exStyle);
+
+// The answer to WM_GETMINMAXINFO (its lParam): the smallest and largest
+// window size to which the user, or a move, can size a window with a sizing
+// frame (WS_THICKFRAME).
+void setTrackSizeLimits(std::intptr_t minMaxInfo, int minWidth, int minHeight, int maxWidth, int maxHeight);
 // GetParent: the parent of a child window, the owner of any other.
 HWND parentWindow(HWND window);
 HWND ownerWindow(HWND window);

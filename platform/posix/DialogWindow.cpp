@@ -1,5 +1,7 @@
 #include "platform/DialogWindow.h"
 
+#include <algorithm>
+
 #include "platform/posix/HeadlessDesktop.h"
 
 namespace kvt1::platform {
@@ -7,6 +9,8 @@ namespace {
 
 HeadlessDesktop& desktop() { return HeadlessDesktop::instance(); }
 HeadlessWindow* find(HWND window) { return desktop().find(window); }
+
+constexpr std::uint32_t kWsThickFrame = 0x00040000;
 
 }  // namespace
 
@@ -25,6 +29,20 @@ std::uint32_t windowStyle(HWND window) {
 std::uint32_t windowExStyle(HWND window) {
   const HeadlessWindow* w = find(window);
   return w != nullptr ? w->exStyle : 0;
+}
+
+bool setWindowStyles(HWND window, std::uint32_t style, std::uint32_t exStyle) {
+  HeadlessWindow* w = find(window);
+  if (w == nullptr) return false;
+  w->style = style;
+  w->exStyle = exStyle;
+  return true;
+}
+
+void setTrackSizeLimits(std::intptr_t minMaxInfo, int minWidth, int minHeight, int maxWidth, int maxHeight) {
+  auto* limits = reinterpret_cast<TrackSizeLimits*>(minMaxInfo);
+  limits->minimum = WindowPoint{minWidth, minHeight};
+  limits->maximum = WindowPoint{maxWidth, maxHeight};
 }
 
 HWND parentWindow(HWND window) {
@@ -140,6 +158,14 @@ WindowRect windowRect(HWND window) { return desktop().screenRect(window); }
 bool moveWindow(HWND window, int x, int y, int width, int height) {
   HeadlessWindow* w = find(window);
   if (w == nullptr) return false;
+  // As on Windows, a window with a sizing frame is sized within the limits its procedure gives.
+  if ((w->style & kWsThickFrame) != 0) {
+    TrackSizeLimits limits;
+    desktop().send(window, WM_GETMINMAXINFO, 0, reinterpret_cast<std::intptr_t>(&limits));
+    if (find(window) != w) return false;
+    width = std::max(std::min(width, limits.maximum.x), limits.minimum.x);
+    height = std::max(std::min(height, limits.maximum.y), limits.minimum.y);
+  }
   const bool resized = width != w->rect.width() || height != w->rect.height();
   w->rect = WindowRect{x, y, x + width, y + height};
   if (resized) {

@@ -8,6 +8,7 @@
 // missing or does nothing, the topmost enabled dialog is closed as if the user
 // had closed its window, so a session never waits for ever.
 // Nothing here is specific to one system; DialogWindow.h is its interface.
+#include <climits>
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -49,6 +50,13 @@ struct HeadlessWindow {
   std::map<std::wstring, std::intptr_t> props;
 
   bool isChild() const;
+};
+
+// What WM_GETMINMAXINFO carries on this desktop (its lParam points to it):
+// the window sizes a window with a sizing frame is kept within.
+struct TrackSizeLimits {
+  WindowPoint minimum{0, 0};
+  WindowPoint maximum{INT_MAX, INT_MAX};
 };
 
 class HeadlessDesktop {

@@ -63,6 +63,21 @@ bool isWindow(HWND window) { return window != nullptr && IsWindow(window) != FAL
 
 std::uint32_t windowStyle(HWND window) { return static_cast<std::uint32_t>(GetWindowLongW(window, GWL_STYLE)); }
 std::uint32_t windowExStyle(HWND window) { return static_cast<std::uint32_t>(GetWindowLongW(window, GWL_EXSTYLE)); }
+
+bool setWindowStyles(HWND window, std::uint32_t style, std::uint32_t exStyle) {
+  if (!isWindow(window)) return false;
+  SetWindowLongW(window, GWL_STYLE, static_cast<LONG>(style));
+  SetWindowLongW(window, GWL_EXSTYLE, static_cast<LONG>(exStyle));
+  return SetWindowPos(window, nullptr, 0, 0, 0, 0,
+                      SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE) != FALSE;
+}
+
+void setTrackSizeLimits(std::intptr_t minMaxInfo, int minWidth, int minHeight, int maxWidth, int maxHeight) {
+  auto* info = reinterpret_cast<MINMAXINFO*>(minMaxInfo);
+  info->ptMinTrackSize = POINT{minWidth, minHeight};
+  info->ptMaxTrackSize = POINT{maxWidth, maxHeight};
+}
+
 HWND parentWindow(HWND window) { return GetParent(window); }
 HWND ownerWindow(HWND window) { return GetWindow(window, GW_OWNER); }
 bool isChildWindow(HWND parent, HWND window) { return IsChild(parent, window) != FALSE; }

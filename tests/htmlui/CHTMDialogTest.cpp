@@ -107,6 +107,50 @@ TEST_F(CHTMDialogTest, APageWithTheNoMonitorMarkerNeverAsksTheHookAndIsKeptOnScr
   EXPECT_LE(rect.bottom, monitor.bottom);
 }
 
+// A dialog whose window may grow to 500 by 400 pixels at most.
+class LimitedDialog : public ScriptedDialog {
+ public:
+  LimitedDialog(const wchar_t* page, std::vector<Step> steps) : ScriptedDialog(page, std::move(steps)) {
+    m_maxTrackWidth = 500;
+    m_maxTrackHeight = 400;
+  }
+};
+
+TEST_F(CHTMDialogTest, ABodyMadeResizeableGetsASizingFrameAndIsSizedWithinItsLimits) {
+  struct Case {
+    const wchar_t* page;
+    std::uint32_t style;
+    platform::WindowRect small;  // after sizing to 40 by 30
+    platform::WindowRect large;  // after sizing to 2000 by 1500
+  };
+  const Case cases[] = {
+      {L"HTM_DLG_RESIZEABLE", 0x80CC0000u, {10, 20, 110, 120}, {10, 20, 510, 420}},
+      // Without a sizing frame the window takes any size.
+      {L"HTM_DLG_TEST", 0x80C80000u, {10, 20, 50, 50}, {10, 20, 2010, 1520}},
+  };
+  for (const Case& c : cases) {
+    std::uint32_t style = 0;
+    platform::WindowRect small;
+    platform::WindowRect large;
+    LimitedDialog dialog(c.page, {[&](ScriptedDialog& d) {
+                                    style = platform::windowStyle(d.GetHwnd());
+                                    platform::moveWindow(d.GetHwnd(), 10, 20, 40, 30);
+                                    small = platform::windowRect(d.GetHwnd());
+                                    platform::moveWindow(d.GetHwnd(), 10, 20, 2000, 1500);
+                                    large = platform::windowRect(d.GetHwnd());
+                                  },
+                                  [&](ScriptedDialog& d) { click(d, L"btnOk"); }});
+    EXPECT_EQ(dialog.DoModal(), 1);
+    EXPECT_EQ(dialog.Style(), c.style);
+    // The window's own style bits: popup, caption, system menu and sizing frame.
+    EXPECT_EQ(style & 0x80CC0000u, c.style);
+    EXPECT_EQ(std::vector<int>({small.left, small.top, small.right, small.bottom}),
+              std::vector<int>({c.small.left, c.small.top, c.small.right, c.small.bottom}));
+    EXPECT_EQ(std::vector<int>({large.left, large.top, large.right, large.bottom}),
+              std::vector<int>({c.large.left, c.large.top, c.large.right, c.large.bottom}));
+  }
+}
+
 TEST_F(CHTMDialogTest, HyperlinksOpenWithTheShell) {
   headless() = {};
   ScriptedDialog dialog(L"HTM_DLG_TEST", {[&](ScriptedDialog& d) { click(d, L"link"); },
