@@ -1,9 +1,9 @@
 #include "host/SupportPath.h"
 
-#include <cwctype>
 #include <vector>
 
 #include "host/arx/Arx.h"
+#include "platform/CaseFolding.h"
 
 namespace kvt1 {
 
@@ -31,8 +31,7 @@ std::optional<std::wstring> readEnvironment(const ACHAR* name) {
 
 std::optional<std::wstring> removeFirstEntryContaining(const std::wstring& value, const std::wstring& lowerText) {
   if (lowerText.empty()) return std::nullopt;
-  std::wstring lower(value);
-  for (wchar_t& c : lower) c = static_cast<wchar_t>(std::towlower(c));
+  const std::wstring lower = platform::lowerCase(value);
   const std::size_t hit = lower.find(lowerText);
   if (hit == std::wstring::npos) return std::nullopt;
 

@@ -10,6 +10,10 @@ namespace kvt1::platform {
 // A read-only file is not opened with a mode that writes. nullptr on failure.
 std::FILE* openFile(const std::wstring& path, const char* mode);
 
+// Reads the whole file into bytes. False, with bytes untouched, when the
+// file cannot be opened or read or holds more than limit bytes.
+bool readWholeFile(const std::wstring& path, std::size_t limit, std::string& bytes);
+
 // Creates the folder and every missing folder above it. True when the folder
 // exists afterwards.
 bool createFolders(const std::wstring& path);

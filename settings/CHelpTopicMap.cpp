@@ -1,42 +1,25 @@
 #include "settings/CHelpTopicMap.h"
 
+#include <algorithm>
 #include <cwchar>
-#include <cwctype>
-#include <memory>
 
-#include "support/CSIFileImpl.h"
-#include "support/SIFileMode.h"
+#include "platform/CaseFolding.h"
+#include "platform/CodePage.h"
+#include "platform/File.h"
+#include "platform/TextDecoding.h"
 
 namespace kvt1 {
 namespace {
 
-constexpr int kLineChunk = 1024;
+// A map holds a few hundred short lines; a file far beyond that is no map.
+constexpr std::size_t kMaxMapBytes = 16 * 1024 * 1024;
 
 bool isBlank(wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n'; }
 
 std::wstring lowerTrimmed(const std::wstring& text, std::size_t begin, std::size_t end) {
   while (begin < end && isBlank(text[begin])) ++begin;
   while (end > begin && isBlank(text[end - 1])) --end;
-  std::wstring field = text.substr(begin, end - begin);
-  for (wchar_t& c : field) c = static_cast<wchar_t>(std::towlower(c));
-  return field;
-}
-
-std::wstring lowered(std::wstring text) {
-  for (wchar_t& c : text) c = static_cast<wchar_t>(std::towlower(c));
-  return text;
-}
-
-// One whole line, however long: the reader hands it over in chunks.
-bool readWholeLine(CSIFileImpl& file, std::wstring& line) {
-  line.clear();
-  wchar_t chunk[kLineChunk];
-  for (;;) {
-    const int length = file.ReadLine(chunk, kLineChunk);
-    if (length <= 0) return !line.empty();
-    line.append(chunk, static_cast<std::size_t>(length));
-    if (line.back() == L'\n') return true;
-  }
+  return platform::lowerCase(std::wstring_view(text).substr(begin, end - begin));
 }
 
 }  // namespace
@@ -59,12 +42,15 @@ void CHelpTopicMap::load(const std::wstring& mapFile) {
   file_ = mapFile;
   records_.clear();
   logging_ = false;
-  std::unique_ptr<CSIFileImpl> file = CSIFileImpl::OpenFile(mapFile, kSIReadText);
-  if (!file) return;
-  std::wstring line;
-  while (readWholeLine(*file, line)) {
-    if (line.find_first_not_of(L" \t\r\n") == std::wstring::npos) continue;
-    records_.push_back(parseHelpTopicLine(line));
+  std::string bytes;
+  if (!platform::readWholeFile(mapFile, kMaxMapBytes, bytes)) return;
+  // Lines by their length: a NUL inside one is a character like any other.
+  const std::wstring text = platform::decodeText(bytes, platform::ansiCodePage());
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find(L'\n', start), text.size());
+    const std::wstring line = text.substr(start, end - start);
+    if (line.find_first_not_of(L" \t\r") != std::wstring::npos) records_.push_back(parseHelpTopicLine(line));
+    start = end + 1;
   }
   if (!records_.empty() && records_.front().dialog.find(L"_debug") != std::wstring::npos) {
     records_.erase(records_.begin());
@@ -74,7 +60,7 @@ void CHelpTopicMap::load(const std::wstring& mapFile) {
 
 bool CHelpTopicMap::findByDialog(const std::wstring& name, SHelpTopic& out) {
   if (logging_) reload();
-  const std::wstring key = lowered(name);
+  const std::wstring key = platform::lowerCase(name);
   for (const SHelpTopic& record : records_) {
     if (record.dialog == key) {
       out = record;
@@ -86,7 +72,7 @@ bool CHelpTopicMap::findByDialog(const std::wstring& name, SHelpTopic& out) {
 
 bool CHelpTopicMap::findByCommand(const std::wstring& name, SHelpTopic& out) {
   if (logging_) reload();
-  const std::wstring key = lowered(name);
+  const std::wstring key = platform::lowerCase(name);
   for (const SHelpTopic& record : records_) {
     if (record.command.find(key) != std::wstring::npos) {
       out = record;

@@ -1,7 +1,8 @@
 #pragma once
 // The map from the LISP application's dialog and command names to help
 // topics, read from the product's comma-separated map file
-// (dialog,command,topic,id per line). A first line whose dialog field holds
+// (dialog,command,topic,id per line), in UTF-16 or UTF-8 with a byte order
+// mark, UTF-8 without one, or else the ANSI code page. A first line whose dialog field holds
 // "_debug" switches logging on: lookups are then logged by their callers and
 // the file is read again before each lookup, so that it can be edited while
 // the host runs.
@@ -19,7 +20,8 @@ struct SHelpTopic {
 
 class CHelpTopicMap {
  public:
-  // Reads the map file; a file that cannot be opened leaves the map empty.
+  // Reads the map file; a file that cannot be read (or is beyond any map's
+  // size) leaves the map empty. Names compare in lower case over all of Unicode.
   // Blank lines hold no record.
   void load(const std::wstring& mapFile);
   // Reads the file last loaded again.

@@ -41,8 +41,9 @@ void showHelp(CSettingsStore& settings, int id, bool allowInstallationHelp) {
   if (!fileExists(file)) {
     NTxtRes::CMessageDescription message =
         NTxtRes::BuildMessage(L"MsgHelpFileNotFound", platform::kMbIconWarning, 0, false, true, false, false, false);
-    NTxtRes::ReplaceString(message.infoText, file);
+    // The number first: a path may itself hold "%d", the number never holds "%".
     NTxtRes::ReplaceInt(message.infoText, id);
+    NTxtRes::ReplaceString(message.infoText, file);
     NTxtRes::ShowMessage(message);
     return;
   }

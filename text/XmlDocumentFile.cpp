@@ -20,20 +20,13 @@ namespace {
 // looked for.
 constexpr std::size_t kHtmlProbeBytes = 64 * 1024;
 
+// Offsets into a document are 32-bit.
+constexpr std::size_t kMaxDocumentBytes = UINT32_MAX - 1;
+
 struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 using FilePointer = std::unique_ptr<std::FILE, FileCloser>;
-
-bool readWholeFile(const std::wstring& path, std::string& bytes) {
-  const FilePointer file(platform::openFile(path, "rb"));
-  if (!file) return false;
-  bytes.clear();
-  char buffer[64 * 1024];
-  std::size_t count = 0;
-  while ((count = std::fread(buffer, 1, sizeof buffer, file.get())) > 0) bytes.append(buffer, count);
-  return std::ferror(file.get()) == 0;
-}
 
 bool writeWholeFile(const std::wstring& path, const std::string& bytes) {
   FilePointer file(platform::openFile(path, "wb"));
@@ -95,7 +88,7 @@ std::wstring CXmlDocument::htmlCharset() const {
 bool CXmlDocument::ReadFile(const std::wstring& path) {
   m_report.clear();
   std::string bytes;
-  if (!readWholeFile(path, bytes) || bytes.size() >= UINT32_MAX) {
+  if (!platform::readWholeFile(path, kMaxDocumentBytes, bytes)) {
     m_report.add(L"file_error", {}, L"could not read file");
     m_doc.clear();
     parse();

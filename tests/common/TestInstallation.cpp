@@ -25,6 +25,7 @@ std::wstring uniqueFolder() {
   return path.wstring();
 }
 
+#ifndef _WIN32
 // A regedit line value: backslashes and quotes escaped.
 std::string regString(const std::wstring& text) {
   std::string out;
@@ -34,6 +35,7 @@ std::string regString(const std::wstring& text) {
   }
   return out;
 }
+#endif
 
 #ifdef _WIN32
 // The product's keys under both roots, with everything below them.

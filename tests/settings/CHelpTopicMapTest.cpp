@@ -76,6 +76,40 @@ TEST(HelpTopicMap, MissingFilesAndLongLines) {
   EXPECT_EQ(map.records()[1].id, 8);
 }
 
+// Every record of these maps is found: encodings with and without a mark,
+// NUL bytes at a line's start or inside one, names beyond A-Z.
+TEST(HelpTopicMap, KeepsEveryRecordWhateverTheEncoding) {
+  struct Case {
+    const char* what;
+    std::string bytes;
+  };
+  const std::string lines = "\xC3\x84rgerDlg,kv_\xC3\xA4rger,a.htm,1\r\nMain,kv_main,m.htm,2\r\n";
+  std::string utf16 = "\xFF\xFE";
+  for (const char* c = "\xC4rgerDlg,kv_\xE4rger,a.htm,1\r\nMain,kv_main,m.htm,2\r\n"; *c != '\0'; ++c) {
+    utf16 += *c;
+    utf16 += '\0';
+  }
+  const Case cases[] = {
+      {"UTF-8 without a mark", lines},
+      {"UTF-8 with a mark", "\xEF\xBB\xBF" + lines},
+      {"UTF-16 with a mark", utf16},
+      {"the ANSI code page", "\xC4rgerDlg,kv_\xE4rger,a.htm,1\r\nMain,kv_main,m.htm,2\r\n"},
+      {"a NUL line between", "\xC3\x84rgerDlg,kv_\xC3\xA4rger,a.htm,1\n" + std::string(1, '\0') + "\nMain,kv_main,m.htm,2\n"},
+      {"a NUL inside a line", "\xC3\x84rgerDlg,kv_\xC3\xA4rger,a.htm,1,x" + std::string(1, '\0') + "y\nMain,kv_main,m.htm,2\n"},
+  };
+  for (const Case& c : cases) {
+    testing::TestInstallation installation;
+    CHelpTopicMap map;
+    map.load(installation.writeFile(L"map.csv", c.bytes));
+    SHelpTopic topic;
+    EXPECT_TRUE(map.findByDialog(L"\u00e4rgerdlg", topic)) << c.what;
+    EXPECT_EQ(topic.id, 1) << c.what;
+    EXPECT_TRUE(map.findByCommand(L"KV_\u00c4RGER", topic)) << c.what;
+    EXPECT_TRUE(map.findByDialog(L"MAIN", topic)) << c.what;
+    EXPECT_EQ(topic.id, 2) << c.what;
+  }
+}
+
 TEST(HelpTopicMap, ReadsALargeMapToItsLastLine) {
   testing::TestInstallation installation;
   std::string map;
