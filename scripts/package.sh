@@ -105,6 +105,7 @@ for arch in "${arches[@]}"; do
     install/PackageContents.xml.in > "$stage/PackageContents.xml"
 
   msi=$out/KVT-$version-$arch.msi
+  rm -f "$out"/KVT-*-"$arch".msi
   # wixl finds the sources relative to the folder it runs in.
   (cd "$stage" && wixl -a "$arch" -D Arch="$arch" -D Version="$version" -D ProductCode="$product_code" \
     -D Manufacturer="$manufacturer" -D Module="$module" -D Stage=. -o "$msi" "$root/install/KVT.wxs")

@@ -54,7 +54,7 @@ mingw_packages=(
   g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64-x86-64
   binutils-mingw-w64-i686 mingw-w64-tools libz-mingw-w64-dev
   dpkg-dev wine wine64 fonts-wine
-  msitools wixl osslsigncode
+  msitools wixl osslsigncode libxml2-utils
 )
 
 if [ "$native_only" -eq 1 ]; then

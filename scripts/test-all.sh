@@ -3,7 +3,8 @@
 # AddressSanitizer with UndefinedBehaviorSanitizer) and the x86_64 Windows
 # build under Wine. The release build (benchmarks, emulator) and the i686
 # Windows build are built too, so that they keep compiling: this machine runs
-# no 32-bit programs. Ends with one line counting all tests.
+# no 32-bit programs. Then the Windows installer packages are made and tested.
+# Ends with one line counting all tests.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
@@ -22,6 +23,19 @@ for preset in mingw-x64 linux-asan linux-debug; do
   cmake --workflow --preset "$preset" 2>&1 | tee "$logs/$preset.log"
   [ "${PIPESTATUS[0]}" -eq 0 ] || status=1
 done
+
+# The Windows installer: both packages from the builds above, signed with a
+# throwaway certificate made here (so that signing keeps working), then
+# checked, and the x64 one installed, upgraded and removed under Wine.
+printf '\n== installer\n'
+{
+  openssl req -x509 -newkey rsa:2048 -nodes -days 1 -subj "/CN=KVT1 throwaway code signing" \
+    -addext extendedKeyUsage=codeSigning -keyout "$logs/signing.key" -out "$logs/signing.pem" 2>/dev/null &&
+    KVT1_SIGN_CERT="$logs/signing.pem" KVT1_SIGN_KEY="$logs/signing.key" bash scripts/package.sh --no-setup &&
+    cmake -S tests/install -B build/installer-tests -DKVT1_SIGNING_CERTIFICATE="$logs/signing.pem" >/dev/null &&
+    ctest --test-dir build/installer-tests --output-on-failure
+} 2>&1 | tee "$logs/installer.log"
+[ "${PIPESTATUS[0]}" -eq 0 ] || status=1
 
 # One line over all presets: CTest counts skipped tests among the passed ones.
 passed=0 failed=0 skipped=0
