@@ -15,7 +15,16 @@ namespace {
 
 using kvt1::platform::formatWide;
 
-std::unique_ptr<kvt1::CXmlDocument> g_document;
+// The text document and the language module it was parsed from. A module
+// is parsed once, even when its document is not well-formed: a fault must
+// not make every lookup parse it again. Another module is tried while the
+// document is not well-formed; a well-formed one stays until released.
+struct LoadedTexts {
+  void* parsedModule = nullptr;
+  bool parsed = false;
+  kvt1::CXmlDocument document;
+};
+std::unique_ptr<LoadedTexts> g_texts;
 
 // The resource's text: UTF-16LE up to its terminating NUL.
 std::wstring resourceText(const kvt1::platform::ResourceData& data) {
@@ -33,14 +42,18 @@ std::wstring resourceText(const kvt1::platform::ResourceData& data) {
 }
 
 kvt1::CXmlDocument& document() {
-  if (!g_document) g_document = std::make_unique<kvt1::CXmlDocument>();
-  kvt1::CXmlDocument& doc = *g_document;
-  if (doc.IsWellFormed()) {
-    doc.ResetPos();
-  } else if (auto data = kvt1::platform::findResource(kvt1::platform::resourceModule(), L"XMLRES", L"XMLRES")) {
-    doc.SetDoc(resourceText(*data));
+  if (!g_texts) g_texts = std::make_unique<LoadedTexts>();
+  LoadedTexts& texts = *g_texts;
+  void* const module = kvt1::platform::resourceModule();
+  const bool tried = texts.parsed && texts.parsedModule == module;
+  if (texts.document.IsWellFormed() || tried) {
+    texts.document.ResetPos();
+  } else if (auto data = kvt1::platform::findResource(module, L"XMLRES", L"XMLRES")) {
+    texts.document.SetDoc(resourceText(*data));
+    texts.parsed = true;
+    texts.parsedModule = module;
   }
-  return doc;
+  return texts.document;
 }
 
 std::wstring lookup(const std::wstring& path) { return document().GetData(path); }
@@ -89,6 +102,6 @@ std::wstring GetRawText(const std::wstring& key, const std::wstring& subKey) {
   return lookup(L"/*/" + key + L"/" + subKey);
 }
 
-void ReleaseTextDocument() { g_document.reset(); }
+void ReleaseTextDocument() { g_texts.reset(); }
 
 }  // namespace NTxtRes
