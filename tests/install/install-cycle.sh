@@ -66,7 +66,6 @@ VALUES
 step "kvt1-host.exe loads the installed module"
 cat > "$work/session.lsp" <<'LSP'
 (kvt1_help "AirportDialog")
-(kvt1_help 5)
 KVT1
 LSP
 # The update check's default service is out of reach here: give up at once.
@@ -77,8 +76,9 @@ cat "$work/session.out"
 # The topic comes from the help map found through ProgramPath, the file from DataPath\Help.
 grep -qxF 'help: topic 10120 of C:\ProgramData\Halvorn Systems\KVT\Help\KVT.chm' "$work/session.out" ||
   fail "the help map or help file of the installation was not found"
-# An argument message of the language module beside the module.
-grep -qxF 'String expected as parameter...' "$work/session.out" || fail "no text from the installed language module"
+# The usage question of a first start, titled from the texts of the language module beside the module.
+grep -qxF 'dialog [Help Improve the KVT Product Experience]: opened' "$work/session.out" ||
+  fail "no dialog titled from the installed language module"
 grep -qF 'queued: (load "C:\\Program Files\\Autodesk\\ApplicationPlugins\\KVT.bundle\\Contents\\Win64\\kv_Menu.vlx")' \
   "$work/session.out" || fail "the start command did not run from the bundle's folder"
 
