@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "platform/CodePage.h"
+#include "platform/Composition.h"
 
 namespace kvt1 {
 namespace {
@@ -30,8 +31,9 @@ std::string wideToAnsi(std::wstring_view text) {
     std::transform(text.begin(), text.end(), bytes.begin(), [](wchar_t c) { return static_cast<char>(c); });
     return bytes;
   }
+  // Composed first: "e" with a combining accent has a single character in most code pages.
   std::string bytes;
-  platform::wideToBytes(platform::ansiCodePage(), text, bytes);
+  platform::wideToBytes(platform::ansiCodePage(), platform::composeCharacters(text), bytes);
   return bytes;
 }
 
