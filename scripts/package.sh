@@ -49,7 +49,7 @@ version_value() {
 # architecture and version always give the same product code.
 uuid5() {
   local namespace=${1//-/} hash
-  hash=$({ printf "$(sed 's/../\\x&/g' <<<"${namespace,,}")"; printf '%s' "$2"; } | sha1sum | cut -c1-32)
+  hash=$({ printf '%b' "$(sed 's/../\\x&/g' <<<"${namespace,,}")"; printf '%s' "$2"; } | sha1sum | cut -c1-32)
   local variant=$(((16#${hash:16:1} & 3) | 8))
   hash=${hash:0:12}5${hash:13:3}$(printf '%x' "$variant")${hash:17:15}
   printf '%s-%s-%s-%s-%s\n' "${hash:0:8}" "${hash:8:4}" "${hash:12:4}" "${hash:16:4}" "${hash:20:12}" | tr a-f A-F
