@@ -32,7 +32,8 @@ printf '\n== installer\n'
   openssl req -x509 -newkey rsa:2048 -nodes -days 1 -subj "/CN=KVT1 throwaway code signing" \
     -addext extendedKeyUsage=codeSigning -keyout "$logs/signing.key" -out "$logs/signing.pem" 2>/dev/null &&
     KVT1_SIGN_CERT="$logs/signing.pem" KVT1_SIGN_KEY="$logs/signing.key" bash scripts/package.sh --no-setup &&
-    cmake -S tests/install -B build/installer-tests -DKVT1_SIGNING_CERTIFICATE="$logs/signing.pem" >/dev/null &&
+    cmake -S tests/install -B build/installer-tests -DKVT1_PACKAGE_DIR="$PWD/build/package" \
+      -DKVT1_X64_BUILD="$PWD/build/mingw-x64" -DKVT1_SIGNING_CERTIFICATE="$logs/signing.pem" >/dev/null &&
     ctest --test-dir build/installer-tests --output-on-failure
 } 2>&1 | tee "$logs/installer.log"
 [ "${PIPESTATUS[0]}" -eq 0 ] || status=1
