@@ -5,7 +5,10 @@
 #include <cerrno>
 #include <cstdlib>
 #include <map>
+#include <mutex>
 #include <string>
+#include <thread>
+#include <tuple>
 #include <utility>
 
 #include "platform/Unicode.h"
@@ -37,8 +40,12 @@ std::string iconvName(unsigned codePage) {
 
 const iconv_t kNoDescriptor = reinterpret_cast<iconv_t>(-1);
 
-// Descriptors stay open for the thread's life: opening one costs far more
-// than most conversions. A descriptor is used by one thread only.
+// Descriptors stay open until the image goes: opening one costs far more
+// than most conversions. A descriptor keeps conversion state, so each thread
+// has its own; they are kept in one table by thread rather than in
+// thread-local storage, whose destructors would keep the image loaded until
+// the thread that used it ends (a host could not unload the module). A thread
+// that comes with the id of an ended one takes over its descriptors.
 class Descriptors {
  public:
   ~Descriptors() {
@@ -47,17 +54,19 @@ class Descriptors {
     }
   }
   iconv_t get(const std::string& from, const std::string& to) {
-    auto [it, inserted] = open_.try_emplace({from, to}, kNoDescriptor);
+    std::lock_guard<std::mutex> lock(mutex_);
+    auto [it, inserted] = open_.try_emplace({std::this_thread::get_id(), from, to}, kNoDescriptor);
     if (inserted) it->second = iconv_open(to.c_str(), from.c_str());
     return it->second;
   }
 
  private:
-  std::map<std::pair<std::string, std::string>, iconv_t> open_;
+  std::mutex mutex_;
+  std::map<std::tuple<std::thread::id, std::string, std::string>, iconv_t> open_;
 };
 
 iconv_t descriptor(const std::string& from, const std::string& to) {
-  thread_local Descriptors descriptors;
+  static Descriptors descriptors;
   return descriptors.get(from, to);
 }
 
