@@ -109,6 +109,14 @@ bool CHTMDialog::Create() {
 }
 
 int CHTMDialog::DoModal() {
+  std::vector<CHTMDialog*> others;
+  {
+    std::lock_guard<std::mutex> lock(g_liveMutex);
+    others = g_live;
+  }
+  for (CHTMDialog* other : others) {
+    if (other != this) other->GiveWayToModalDialog();
+  }
   if (!Create()) return -1;
   const HWND owner = platform::parentWindow(m_hwnd);
   if (owner) platform::enableWindow(owner, false);

@@ -93,6 +93,10 @@ class CHTMDialog : public htmlayout::event_handler,
   virtual bool MonitorClick(const CHTMElement& element) { return true; }
   // Ticks of the dialog's own timers, and of the 100 ms timer while it is off.
   virtual void OnTimer(std::uintptr_t id) {}
+  // Another dialog of the module is about to run modally and wait for the
+  // user: a dialog that would cover it (the topmost splash) gets out of the
+  // way. Nothing by default.
+  virtual void GiveWayToModalDialog() {}
 
   // Hover tooltips (HTMTooltips.cpp). When the pointer rests on an element
   // (a POPUP_REQUEST), its tooltip comes from, in this order: a "SELFTOOLTIP"

@@ -3,8 +3,9 @@
 // carries the "fpsplash" marker) with the version written on it, a click
 // area and further small pictures. It is shown modeless for a timed display:
 // its own timer counts the display down and closes it at the end, and a click
-// on the click area or a stop closes it at once. The keyboard stays with the
-// host: its owner gets the foreground back, and focus-on-hover is off.
+// on the click area, a stop or a modal dialog of the module that opens closes
+// it at once. The keyboard stays with the host: its owner gets the foreground
+// back, and focus-on-hover is off.
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -58,6 +59,9 @@ class CHTMSplashDlg : public CHTMDialog {
   void OnTimer(std::uintptr_t id) override;
   // A click on the click area ends the display; the dialog host closes the window.
   void OnMainClick() override;
+  // A dialog that waits for the user is never hidden under the topmost
+  // splash: the display ends and the window goes before it opens.
+  void GiveWayToModalDialog() override { StopTimedDisplay(); }
 
  private:
   void PlaceInfoImages();

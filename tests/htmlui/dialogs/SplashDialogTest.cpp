@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/ModuleVersion.h"
+#include "htmlui/dialogs/CKVTAbout.h"
 #include "htmlui/engine/AutomationMessages.h"
 #include "platform/DialogWindow.h"
 #include "tests/htmlui/dialogs/ProductDialogTest.h"
@@ -162,6 +163,30 @@ TEST_F(SplashDialogTest, StoppingEndsTheDisplayAndShowingAgainStartsAnother) {
   EXPECT_TRUE(splash.IsShown());
   ASSERT_TRUE(splash.ShowTimed(200));  // while shown: the count starts again
   EXPECT_EQ(splash.RemainingTicks(), 2u);
+}
+
+TEST_F(SplashDialogTest, ADialogThatWaitsForTheUserIsNotCoveredByIt) {
+  ASSERT_TRUE(splash.ShowAtStartUp());
+  bool splashShown = true;
+  unsigned remaining = 1;
+  HWND atMiddle = nullptr;
+  Scripted<CKVTAbout> about({[&](Scripted<CKVTAbout>& d) {
+                               splashShown = splash.IsShown();
+                               remaining = splash.RemainingTicks();
+                               const platform::WindowRect rect = platform::windowRect(d.GetHwnd());
+                               atMiddle = platform::windowFromPoint(
+                                   platform::WindowPoint{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2});
+                             },
+                             [&](Scripted<CKVTAbout>& d) {
+                               const platform::WindowRect rect = platform::windowRect(d.GetHwnd());
+                               EXPECT_EQ(atMiddle, d.GetHwnd()) << rect.left << "," << rect.top;
+                               platform::postMessage(d.GetHwnd(), WM_CLOSE, 0, 0);
+                             }},
+                            nullptr);
+  EXPECT_EQ(about.DoModal(), 2);
+  EXPECT_FALSE(splashShown);
+  EXPECT_EQ(remaining, 0u);
+  EXPECT_FALSE(splash.IsShown());
 }
 
 TEST_F(SplashDialogTest, WithoutTheEngineThereIsNoSplash) {
