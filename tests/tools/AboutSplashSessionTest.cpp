@@ -4,6 +4,8 @@
 // kvt1_splash with and without a splash on screen.
 #include <gtest/gtest.h>
 
+#include "platform/Registry.h"
+#include "settings/ProductKey.h"
 #include "tests/tools/EmulatorSession.h"
 #ifndef _WIN32
 #include "platform/posix/HeadlessDesktop.h"
@@ -14,6 +16,16 @@ namespace kvt1::emu {
 namespace {
 
 bool contains(const std::wstring& text, const std::wstring& part) { return text.find(part) != std::wstring::npos; }
+
+// The user answered the usage question at an earlier start: no other dialog opens at start-up.
+void declineUsageReportsEarlier() {
+  platform::RegistryKey key;
+  ASSERT_EQ(platform::RegistryKey::create(platform::RegistryRoot::CurrentUser, productKeyPath(),
+                                          platform::RegistryAccess::Full, key),
+            platform::kRegSuccess);
+  const std::uint32_t declined = 0;
+  ASSERT_EQ(key.setValue(L"HVCOLLECTUSAGE", platform::kRegDword, &declined, sizeof declined), platform::kRegSuccess);
+}
 
 TEST_F(EmulatorSession, InfoShowsTheAboutBoxUntilItsButtonIsClicked) {
   start();
@@ -33,9 +45,24 @@ TEST_F(EmulatorSession, InfoShowsTheAboutBoxUntilItsButtonIsClicked) {
 #endif
 }
 
+// The splash stays open without a modal loop while the session goes on: the
+// script's click reaches it after the next call, and closes it.
+TEST_F(EmulatorSession, AClickOnTheSplashClosesItWhileTheSessionGoesOn) {
+  declineUsageReportsEarlier();
+  start();
+  const std::wstring out = run(L"@click clickArea\n(kvt1_GetSettings \"##121\")\n");
+  EXPECT_EQ(out.rfind(L"\"0\"\ndialog [KVT]: click clickArea at (", 0), 0u) << platform::toUtf8(out);
+  EXPECT_EQ(session->faults(), 0) << platform::toUtf8(out);
+  // It is gone: nothing takes the next click.
+  const std::wstring after = run(L"@click clickArea\n(kvt1_GetSettings \"##121\")\n");
+  EXPECT_TRUE(contains(after, L"@click clickArea: no dialog opened to play it")) << platform::toUtf8(after);
+}
+
 #ifndef _WIN32
 class SplashSession : public EmulatorSession {
  protected:
+  void SetUp() override { declineUsageReportsEarlier(); }
+
   platform::HeadlessDesktop& desktop = platform::HeadlessDesktop::local();
 
   // The host idles at its command line: its message loop takes each tick.
@@ -53,7 +80,7 @@ TEST_F(SplashSession, TheSplashOpensAtStartUpAndGoesByItselfWithoutHoldingTheSes
   session->setRenderFolder(folder);
   ASSERT_TRUE(session->load(modulePath())) << platform::toUtf8(output);
   EXPECT_TRUE(contains(output, L"dialog [KVT]: opened\nrendered: " + folder + L"/1-KVT.png\n")) << platform::toUtf8(output);
-  ASSERT_EQ(desktop.windows().size(), 1u);
+  ASSERT_EQ(desktop.windows().size(), 1u) << platform::toUtf8(output);
   const html::test::PngPixels pixels(platform::toUtf8(folder + L"/1-KVT.png"));
   EXPECT_EQ(pixels.width(), 560);
 
@@ -64,6 +91,18 @@ TEST_F(SplashSession, TheSplashOpensAtStartUpAndGoesByItselfWithoutHoldingTheSes
   EXPECT_EQ(desktop.windows().size(), 1u);
   idle(100);
   EXPECT_TRUE(desktop.windows().empty());
+}
+
+// At the first start the usage question waits for the user: the splash
+// would cover it, so it goes before the question opens.
+TEST_F(EmulatorSession, TheSplashGivesWayToTheUsageQuestionAtTheFirstStart) {
+  session = std::make_unique<Session>([this](const std::wstring& text) { output += text; });
+  platform::HeadlessDesktop& desktop = platform::HeadlessDesktop::local();
+  ASSERT_TRUE(session->load(modulePath())) << platform::toUtf8(output);
+  EXPECT_TRUE(contains(output, L"dialog [KVT]: opened\ndialog [Help Improve the KVT Product Experience]: opened\n"))
+      << platform::toUtf8(output);
+  EXPECT_TRUE(desktop.windows().empty());
+  EXPECT_EQ(run(L"(kvt1_splash 1)\n"), L"(0)\n");  // nothing left to show
 }
 
 TEST_F(SplashSession, SplashCallsSleepOnlyWhileTheSplashShows) {

@@ -190,6 +190,13 @@ std::optional<int> DialogDirector::answerMessageBox(unsigned type) {
 }
 
 void DialogDirector::reportUnplayed() {
+  // A dialog that stays open without a modal loop of its own (the splash)
+  // takes what is left while the host's message loop serves it; it stays open.
+  for (HWND dialog = waitingDialog(); dialog != nullptr && !pending_.empty(); dialog = waitingDialog()) {
+    const Outcome outcome = play(pending_.front(), dialog);
+    if (outcome != Outcome::Playing) pending_.pop_front();
+    serveHostLoop(outcome == Outcome::Playing);
+  }
   for (const DialogDirective& directive : pending_)
     fault_(directive.line, L"@" + directive.text + L": no dialog opened to play it");
   pending_.clear();

@@ -4,7 +4,9 @@
 // its modal loop), then each is played on the newest dialog: clicks and
 // hovers go to the elements' places as pointer messages, keys and typed
 // characters as key messages, waits let time pass. When nothing is left to
-// play, the dialog is closed unanswered. Message boxes take a waiting
+// play, the dialog is closed unanswered. Directives that no modal dialog
+// took during a call go to a dialog that stays open without one (the
+// splash), which the host's message loop serves; it stays open after them. Message boxes take a waiting
 // @answer. Every dialog that opens is drawn into the render folder, once one
 // is set. The dialogs are the headless desktop's windows on Linux and real
 // windows on Windows; DialogDirectorDesktop.cpp and DialogDirectorWindows.cpp
@@ -43,7 +45,8 @@ class DialogDirector {
   // The answer of a waiting @answer for a message box of that type, printed;
   // nothing when no @answer waits first in line.
   std::optional<int> answerMessageBox(unsigned type);
-  // After a call: directives that no dialog took are reported and dropped.
+  // After a call: directives that no modal dialog took are played on an open
+  // modeless dialog; those that none took are reported and dropped.
   void reportUnplayed();
 
  private:
@@ -74,6 +77,9 @@ class DialogDirector {
   Outcome wait(DialogDirective& directive, HWND dialog);
   // Nothing is left to play: the dialog is closed; again: it was asked before and is still there.
   static void closeUnanswered(HWND dialog, bool again);
+  // The host's own message loop between calls: handles what is queued, after
+  // waiting for the next message when asked to.
+  static void serveHostLoop(bool waitForMessage);
 
   Print print_;
   Fault fault_;

@@ -60,6 +60,9 @@ void DialogDirector::point(HWND dialog, int x, int y, Pointer pointer) {
 
 void DialogDirector::closeUnanswered(HWND, bool) {}
 
+// Nothing to wait for: a @wait moves the desktop's clock itself.
+void DialogDirector::serveHostLoop(bool) { desktop().pumpPendingMessages(); }
+
 // Moves the clock on to the next timer within the wait, so that each tick
 // is handled before the next one falls due.
 DialogDirector::Outcome DialogDirector::wait(DialogDirective& directive, HWND dialog) {

@@ -81,6 +81,11 @@ void DialogDirector::closeUnanswered(HWND dialog, bool again) {
   }
 }
 
+void DialogDirector::serveHostLoop(bool waitForMessage) {
+  if (waitForMessage) WaitMessage();
+  platform::pumpPendingMessages();
+}
+
 // Real time passes while the dialog's loop goes on; its timers fire as they fall due.
 DialogDirector::Outcome DialogDirector::wait(DialogDirective& directive, HWND dialog) {
   if (!waitAnnounced_) {
