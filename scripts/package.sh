@@ -24,7 +24,9 @@ version_override=""
 setup=1
 while [ $# -gt 0 ]; do
   case "$1" in
-    --arch) arches=("$2"); shift 2 ;;
+    --arch)
+      case "${2:-}" in x64 | x86) arches=("$2") ;; *) echo "package.sh: --arch x64 or x86" >&2; exit 2 ;; esac
+      shift 2 ;;
     --out) out=$(realpath -m "$2"); shift 2 ;;
     --version) version_override=$2; shift 2 ;;
     --no-setup) setup=0; shift ;;
