@@ -48,19 +48,18 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
 
   // A missing engine library is not an error here; the dialogs report it when they open.
   m_htmlEngine = platform::DynamicLibrary::load(splitModulePath(modulePath).folder + L"\\htmlayout.dll");
-  m_htmlEngineSetup.start(m_htmlEngine, m_hdllInstance);
+  m_htmlEngineSetup.start(m_htmlEngine);
 
   AcRxArxApp::On_kInitAppMsg(pkt);
   CSettingsStore& settings = theSettings();
-  ensureUserDataFolder(settings);
+  const bool userDataFolder = ensureUserDataFolder(settings).has_value();
   registerCommand();
   if (!m_splash) m_splash = std::make_unique<CKVTSplash>(adsw_acadMainWnd());
   m_services.setSplash(m_splash.get());
   m_location = splitModulePath(modulePath);
 
   // Without a user data folder the module cannot work; the host unloads it.
-  std::wstring userData;
-  if (settings.readString(kSettingUserDataPath, userData) != 0 || userData.empty()) return AcRx::kRetError;
+  if (!userDataFolder) return AcRx::kRetError;
 
   m_helpMap.load(helpMapFile(settings));
   // Modeless, on its own timer: the start goes on while the splash shows.

@@ -8,15 +8,18 @@
 
 namespace kvt1 {
 
-void ensureUserDataFolder(CSettingsStore& settings) {
+std::optional<std::wstring> ensureUserDataFolder(CSettingsStore& settings) {
   std::wstring folder;
-  if (settings.readString(kSettingUserDataPath, folder) != 0 || folder.empty()) {
+  const int read = settings.readString(kSettingUserDataPath, folder);
+  if (read == -1) return std::nullopt;  // there, but no text: the user's, left alone
+  if (read != 0 || folder.empty()) {
     const std::wstring appData = platform::roamingAppDataFolder();
-    if (appData.empty()) return;
+    if (appData.empty()) return std::nullopt;
     folder = appData + L"\\Halvorn Systems\\" + productName(kProductNumber) + L" 1";
-    if (settings.writeString(kSettingUserDataPath, folder) != 0) return;
+    if (settings.writeString(kSettingUserDataPath, folder) != 0) return std::nullopt;
   }
-  platform::createFolders(folder);
+  if (!platform::createFolders(folder)) return std::nullopt;
+  return folder;
 }
 
 }  // namespace kvt1

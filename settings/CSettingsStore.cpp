@@ -1,6 +1,7 @@
 #include "settings/CSettingsStore.h"
 
 #include <cwchar>
+#include <vector>
 
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
@@ -16,6 +17,8 @@ using platform::RegistryRoot;
 // bytes on Windows): 98 characters and the NUL fit.
 constexpr std::size_t kReadBufferCharacters = 100;
 constexpr std::uint32_t kReadBufferBytes = kReadBufferCharacters * sizeof(wchar_t) - 1;
+// Paths are read whole: the longest path the system allows, and its NUL.
+constexpr std::size_t kPathBufferCharacters = 32767 + 1;
 
 // Names of older versions' keys: "1" first, and a number below this version's.
 bool isOlderVersion(const std::wstring& name) {
@@ -86,16 +89,19 @@ int CSettingsStore::readString(int number, std::wstring& text) {
   openKeys();
   if (name == nullptr || !keyFor(number)->isOpen()) return -2;
 
+  const bool path = isPathSetting(number);
   std::uint32_t type = 0;
-  wchar_t buffer[kReadBufferCharacters] = {};
-  std::uint32_t size = kReadBufferBytes;
-  if (keyFor(number)->queryValue(name, type, buffer, size) != platform::kRegSuccess) return -2;
-  if (type != platform::kRegSz) return -1;
+  std::vector<wchar_t> buffer(path ? kPathBufferCharacters : kReadBufferCharacters, L'\0');
+  std::uint32_t size = path ? static_cast<std::uint32_t>(buffer.size() * sizeof(wchar_t)) : kReadBufferBytes;
+  if (keyFor(number)->queryValue(name, type, buffer.data(), size) != platform::kRegSuccess) return -2;
+  const bool expandable = path && type == platform::kRegExpandSz;
+  if (type != platform::kRegSz && !expandable) return -1;
 
   // The stored bytes normally end with a NUL; a value written without one ends at the size.
   std::size_t length = size / sizeof(wchar_t);
   while (length > 0 && buffer[length - 1] == L'\0') --length;
-  text.assign(buffer, length);
+  text.assign(buffer.data(), length);
+  if (expandable) text = platform::expandEnvironmentStrings(text);
   cache[number] = text;
   return 0;
 }

@@ -14,7 +14,9 @@ namespace kvt1 {
 
 class CSettingsStore {
  public:
-  // 0; -1 when the value exists but is not a plain string; -2 when it cannot be read.
+  // 0; -1 when the value exists but is not a plain string; -2 when it cannot
+  // be read. Paths are read whatever their length, and expandable ones expanded;
+  // other values longer than 98 characters cannot be read.
   int readString(int number, std::wstring& text);
   // 0 or -1. With no buffer, size receives the bytes needed; a buffer smaller
   // than the value fails and size receives the bytes needed.

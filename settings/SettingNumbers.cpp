@@ -19,4 +19,18 @@ const wchar_t* settingValueName(int number) {
   }
 }
 
+bool isPathSetting(int number) {
+  switch (number) {
+    case kSettingProgramPath:
+    case kSettingDataPath:
+    case kSettingDeploymentPath:
+    case kSettingUserDataPath:
+    case kSettingUserDefinedPath:
+    case kSettingPropObjSourceDir:
+    case kSettingPlotTemplateFile:
+    case kSettingPropTemplateDir: return true;
+    default: return false;
+  }
+}
+
 }  // namespace kvt1

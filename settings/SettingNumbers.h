@@ -22,4 +22,8 @@ constexpr int kLastMachineSetting = 1000;
 // The registry value name of a setting; null for a number without one.
 const wchar_t* settingValueName(int number);
 
+// Whether the setting names a folder or file: such values may be as long as
+// any path and may be stored as expandable strings ("%APPDATA%\...").
+bool isPathSetting(int number);
+
 }  // namespace kvt1

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/File.h"
+#include "platform/Unicode.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
 #include "tests/common/TestInstallation.h"
@@ -76,19 +77,35 @@ TEST(SettingsStore, WritesAreCachedAndReadsComeFromTheCache) {
   EXPECT_EQ(text, installation.programFolder());
 }
 
-TEST(SettingsStore, AcceptsOnlyPlainStringsThatFitItsBuffer) {
+// Reads offer 199 bytes: 98 characters and the NUL fit, 99 do not. Paths
+// are read whole, and expanded when stored expandable.
+TEST(SettingsStore, ReadsPathsWholeAndOtherStringsWithinItsBuffer) {
   testing::TestInstallation installation;
-  setUserValue(productKeyPath(), L"Tutorials", platform::kRegExpandSz, L"%APPDATA%\\Tutorials");
-  setUserValue(productKeyPath(), L"PropTemplateDir", platform::kRegSz, std::wstring(99, L'x'));
-  setUserValue(productKeyPath(), L"PlotTemplateFile", platform::kRegSz, std::wstring(98, L'y'));
-
-  CSettingsStore settings;
-  std::wstring text;
-  EXPECT_EQ(settings.readString(kSettingTutorials, text), -1);
-  // Reads offer 199 bytes: 98 characters and the NUL fit, 99 do not.
-  EXPECT_EQ(settings.readString(kSettingPropTemplateDir, text), -2);
-  EXPECT_EQ(settings.readString(kSettingPlotTemplateFile, text), 0);
-  EXPECT_EQ(text, std::wstring(98, L'y'));
+  struct Case {
+    int number;
+    const wchar_t* name;
+    std::uint32_t type;
+    std::wstring stored;
+    int result;
+    std::wstring read;
+  };
+  const std::wstring longPath = L"C:\\" + std::wstring(300, L'p');
+  const Case cases[] = {
+      {kSettingTutorials, L"Tutorials", platform::kRegSz, std::wstring(98, L'y'), 0, std::wstring(98, L'y')},
+      {kSettingTutorials, L"Tutorials", platform::kRegSz, std::wstring(99, L'x'), -2, L""},
+      {kSettingTutorials, L"Tutorials", platform::kRegExpandSz, L"%KVT1_NO_SUCH_NAME%", -1, L""},
+      {kSettingPropTemplateDir, L"PropTemplateDir", platform::kRegSz, longPath, 0, longPath},
+      {kSettingPlotTemplateFile, L"PlotTemplateFile", platform::kRegExpandSz, L"%KVT1_NO_SUCH_NAME%\\plot.dwt", 0,
+       L"%KVT1_NO_SUCH_NAME%\\plot.dwt"},  // unknown names stay
+      {kSettingPlotTemplateFile, L"PlotTemplateFile", platform::kRegBinary, L"bytes", -1, L""},
+  };
+  for (const Case& c : cases) {
+    setUserValue(productKeyPath(), c.name, c.type, c.stored);
+    CSettingsStore settings;
+    std::wstring text;
+    EXPECT_EQ(settings.readString(c.number, text), c.result) << platform::toUtf8(c.stored);
+    if (c.result == 0) EXPECT_EQ(text, c.read);
+  }
 }
 
 TEST(SettingsStore, ReadsBinaryValuesWithTheirSize) {

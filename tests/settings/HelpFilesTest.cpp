@@ -87,14 +87,17 @@ TEST_F(HelpFiles, AMissingHelpFileIsReportedWithTheInstalledText) {
   platform::setResourceModule(nullptr);
 }
 
-TEST(HelpFilesAbroad, FindsHelpInAFolderWithNonAsciiCharacters) {
-  testing::headless() = {};
-  testing::TestInstallation installation(true, L"Donn\u00e9es \u00c5r \u0416");
-  const std::wstring help = installation.writeFile(L"Donn\u00e9es \u00c5r \u0416\\Help\\KVT.chm", "ITSF");
-  CSettingsStore settings;
-  showHelp(settings, 0, false);
-  EXPECT_TRUE(testing::headless().messages.empty());
-  EXPECT_EQ(testing::headless().helpRequests, std::vector<std::wstring>{L"contents " + help});
+// Folders with letters beyond ASCII, and machine paths longer than other settings may be.
+TEST(HelpFilesAbroad, FindsHelpInFoldersOfAnyNameAndLength) {
+  for (const std::wstring& dataFolder : {std::wstring(L"Donn\u00e9es \u00c5r \u0416"), std::wstring(120, L'd')}) {
+    testing::headless() = {};
+    testing::TestInstallation installation(true, dataFolder);
+    const std::wstring help = installation.writeFile(dataFolder + L"\\Help\\KVT.chm", "ITSF");
+    CSettingsStore settings;
+    showHelp(settings, 0, false);
+    EXPECT_TRUE(testing::headless().messages.empty());
+    EXPECT_EQ(testing::headless().helpRequests, std::vector<std::wstring>{L"contents " + help});
+  }
 }
 
 }  // namespace

@@ -1,6 +1,15 @@
 #include <gtest/gtest.h>
 
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <cstdlib>
+#endif
+
+#include "platform/File.h"
+#include "platform/Registry.h"
 #include "settings/CSettingsStore.h"
+#include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
 #include "tests/tools/EmulatorSession.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
@@ -93,6 +102,60 @@ TEST_F(EmulatorSession, GivesTheUserADataFolderAtFirstStart) {
   std::wstring userData;
   ASSERT_EQ(CSettingsStore().readString(kSettingUserDataPath, userData), 0);
   EXPECT_NE(userData.find(L"Halvorn Systems\\KVT 1"), std::wstring::npos);
+}
+
+// The user's own DataPath stays as the user wrote it, start after start,
+// however long, and stored expandable it is expanded; a folder that cannot
+// be made keeps the module from starting.
+TEST(EmulatorLoad, KeepsTheUsersOwnDataFolder) {
+#ifdef _WIN32
+  SetEnvironmentVariableW(L"KVT1_TEST_ROOT", L"expanded");
+#else
+  ::setenv("KVT1_TEST_ROOT", "expanded", 1);
+#endif
+  struct Case {
+    const char* what;
+    std::wstring below;  // the value, below the installation's folder
+    std::uint32_t type;
+    std::wstring folder;  // the folder the module uses, below the installation's folder
+    bool starts;
+  };
+  const std::wstring deep = L"\\" + std::wstring(140, L'd');
+  const Case cases[] = {
+      {"150 characters", deep, platform::kRegSz, deep, true},
+      {"expandable", L"\\%KVT1_TEST_ROOT%\\user", platform::kRegExpandSz, L"\\expanded\\user", true},
+      {"below a file", L"\\file.txt\\user", platform::kRegSz, L"", false},
+  };
+  for (const Case& c : cases) {
+    testing::TestInstallation installation;
+    installation.writeFile(L"file.txt", "not a folder");
+    const std::wstring value = installation.folder() + c.below;
+    {
+      platform::RegistryKey user;
+      ASSERT_EQ(platform::RegistryKey::create(platform::RegistryRoot::CurrentUser, productKeyPath(),
+                                              platform::RegistryAccess::Full, user),
+                platform::kRegSuccess);
+      ASSERT_EQ(user.setValue(L"DataPath", c.type, value.c_str(),
+                              static_cast<std::uint32_t>((value.size() + 1) * sizeof(wchar_t))),
+                platform::kRegSuccess);
+    }
+    for (int run = 0; run < 10; ++run) {
+      std::wstring output;
+      Session session([&](const std::wstring& text) { output += text; });
+      EXPECT_EQ(session.load(modulePath()), c.starts) << c.what << platform::toUtf8(output);
+      session.unload();
+    }
+    std::wstring stored;
+    ASSERT_EQ(CSettingsStore().readString(kSettingUserDataPath, stored), 0) << c.what;
+    if (c.starts) {
+      EXPECT_EQ(stored, installation.folder() + c.folder) << c.what;
+      std::FILE* probe = platform::openFile(stored + L"\\probe.txt", "wb");  // opens only in an existing folder
+      EXPECT_NE(probe, nullptr) << c.what;
+      if (probe != nullptr) std::fclose(probe);
+    } else {
+      EXPECT_EQ(stored, value) << c.what;
+    }
+  }
 }
 
 TEST_F(EmulatorSession, HelpOpensTopicsOrTheContents) {
