@@ -13,7 +13,7 @@ root=$(cd "$(dirname "$0")/../.." && pwd)
 
 failures=0
 fail() { printf 'FAILED: %s\n' "$*"; failures=$((failures + 1)); }
-step() { printf '\n-- %s\n' "$*"; }
+step() { printf '\n-- %s [%s]\n' "$*" "$(date +%T)"; }
 
 rm -rf "$work"
 mkdir -p "$work"
@@ -111,6 +111,11 @@ grep -q "AppVersion=\"$upgrade_version\"" "$bundle/PackageContents.xml" 2>/dev/n
 [ -f "$program/kvt2018.arx" ] || fail "the module is gone after the upgrade"
 [ "$(machine_value ProgramPath)" = 'C:\Program Files\Autodesk\ApplicationPlugins\KVT.bundle\Contents\Win64' ] ||
   fail "ProgramPath is gone after the upgrade"
+
+step "an older version does not replace a newer one"
+if "$wine" msiexec /i "$(winpath "$package")" /qn; then fail "version $version was installed over $upgrade_version"; fi
+key_exists "$uninstall_key\\$new_code" /reg:64 || fail "version $upgrade_version is gone after the refused downgrade"
+! key_exists "$uninstall_key\\$old_code" /reg:64 || fail "version $version is registered after the refused downgrade"
 
 step "msiexec /x removes the product and leaves the user's values and files"
 msiexec /x "$(winpath "$upgrade")"
