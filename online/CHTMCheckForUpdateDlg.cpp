@@ -11,7 +11,20 @@ namespace kvt1 {
 const wchar_t kCheckForUpdatePage[] = L"HTM_DLG_CHECKFORUPDATE";
 
 namespace {
+
 constexpr int kAnswerYes = 6;
+
+// The name without control characters (C0, DEL and C1): a NUL would end the
+// page's text where it stands, and the others draw as nothing or as boxes.
+std::wstring withoutControls(const std::wstring& name) {
+  std::wstring shown;
+  shown.reserve(name.size());
+  for (const wchar_t c : name) {
+    if (c >= 0x20 && !(c >= 0x7F && c <= 0x9F)) shown += c;
+  }
+  return shown;
+}
+
 }  // namespace
 
 CHTMCheckForUpdateDlg::CHTMCheckForUpdateDlg(Hv::Http::CHvCheckForUpdatePresenter& presenter, HWND parent)
@@ -67,7 +80,7 @@ void CHTMCheckForUpdateDlg::ShowRow(const wchar_t* rowId, const wchar_t* nameId,
     return;
   }
   // Names come from the network: set as text, never as markup.
-  ElementById(nameId).SetText(name);
+  ElementById(nameId).SetText(withoutControls(name));
 }
 
 bool CHTMCheckForUpdateDlg::OnButtonClick(const CHTMElement&, const std::wstring& id, BEHAVIOR_EVENT_PARAMS&) {

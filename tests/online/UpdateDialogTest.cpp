@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "htmlui/HTMEngine.h"
+#include "htmlui/engine/AutomationMessages.h"
 #include "htmlui/engine/DomEngine.h"
+#include "htmlui/engine/litehtml/LitehtmlLayout.h"
 #include "online/CCheckForUpdateView.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "online/CHvCheckForUpdatePresenter.h"
@@ -120,6 +122,29 @@ class UpdateDialog : public ::testing::Test {
       const platform::WindowRect frame = platform::adjustWindowRectForStyle(
           platform::WindowRect{0, 0, 100, 100}, dialog.Style(), dialog.ExStyle());
       seen.clientHeight = platform::windowRect(dialog.GetHwnd()).height() - (frame.height() - 100);
+    };
+  }
+  // The middle of the first visible element that selector finds, in client
+  // coordinates, as the page's layout placed it.
+  static bool middleOf(HWND dialog, const wchar_t* selector, int& x, int& y) {
+    html::AutomationQuery query;
+    query.selector = selector;
+    if (platform::sendMessage(dialog, html::kWmAutomationLocate, 0, reinterpret_cast<std::intptr_t>(&query)) != 1 ||
+        !query.visible || query.rect.right <= query.rect.left || query.rect.bottom <= query.rect.top)
+      return false;
+    x = (query.rect.left + query.rect.right) / 2;
+    y = (query.rect.top + query.rect.bottom) / 2;
+    return true;
+  }
+  // A press and release of the left button where the element is drawn.
+  Step pressOn(const wchar_t* selector) {
+    return [selector](CHTMCheckForUpdateDlg& dialog) {
+      int x = 0, y = 0;
+      ASSERT_TRUE(middleOf(dialog.GetHwnd(), selector, x, y));
+      const std::intptr_t at = (static_cast<std::intptr_t>(y) << 16) | (x & 0xFFFF);
+      platform::postMessage(dialog.GetHwnd(), WM_MOUSEMOVE, 0, at);
+      platform::postMessage(dialog.GetHwnd(), WM_LBUTTONDOWN, 1, at);
+      platform::postMessage(dialog.GetHwnd(), WM_LBUTTONUP, 0, at);
     };
   }
   Step press(const wchar_t* id) {
@@ -236,6 +261,38 @@ TEST_F(UpdateDialog, NamesFromTheServiceAreShownAsText) {
   Seen seen;
   ASSERT_TRUE(run(false, {look(seen), press(L"btnClose")}));
   EXPECT_EQ(seen.updateName, L"<b>SP1</b> & <script>");
+}
+
+// Control characters in a name, a NUL among them, are dropped: the rest of
+// the page is still laid out, drawn and clickable where it is drawn.
+TEST_F(UpdateDialog, ControlCharactersInANameNeverCutThePage) {
+  engine.setLayoutProvider(std::make_unique<html::LitehtmlLayout>());
+  UpdatePart update;
+  update.name = "SP1\\u0000x\\u001b[2J\\u0085\\tend";
+  service.setAnswer(kProduct, updateOnlyJson(update));
+  Seen seen;
+  std::vector<std::wstring> hidden;
+  ASSERT_TRUE(run(false, {look(seen),
+                          [&hidden](CHTMCheckForUpdateDlg& dialog) {
+                            for (const wchar_t* selector : {L"#btnViewUpdate", L"#chkAutoCheckForUpdates input",
+                                                            L"#btnDismiss", L"#btnClose"}) {
+                              int x = 0, y = 0;
+                              if (!middleOf(dialog.GetHwnd(), selector, x, y)) hidden.push_back(selector);
+                            }
+                          },
+                          pressOn(L"#btnViewUpdate"), pressOn(L"#chkAutoCheckForUpdates input"),
+                          pressOn(L"#btnClose"),
+                          // Reached only when the press on "Close" did not close the dialog.
+                          [](CHTMCheckForUpdateDlg& dialog) {
+                            platform::postMessage(dialog.GetHwnd(), WM_CLOSE, 0, 0);
+                          }}));
+  EXPECT_EQ(seen.updateName, L"SP1x[2Jend");
+  EXPECT_TRUE(hidden.empty()) << hidden.size();
+  EXPECT_EQ(next, 5u);
+  EXPECT_EQ(headless().shellOpened, std::vector<std::wstring>{L"https://www.halvorn.aero/kvt/sp1"});
+  std::uint32_t stored = 1;
+  ASSERT_TRUE(readUserDword(productKeyPath(), L"CheckUpdatesOnStartUp", stored));
+  EXPECT_EQ(stored, 0u);
 }
 
 TEST_F(UpdateDialog, DismissingAsksAndOnlyYesStoresTheTime) {
