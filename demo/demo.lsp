@@ -20,7 +20,7 @@
 
 ; The support page, a usage count and a setting.
 (kvt1_support)
-(kvt1_reporting "Count::Surfaces")
+(kvt1_reporting "401")
 (kvt1_GetSettings "##120")
 
 ; The update check at start-up asked the local update service; a check now

@@ -71,6 +71,7 @@ void CHvAutomaticUpdateManager::LoadSettings(const std::wstring& keyPath) {
   if (RegistryKey::open(RegistryRoot::LocalMachine, keyPath, RegistryAccess::Read, machine) ==
       kvt1::platform::kRegSuccess) {
     readString(machine, L"CheckUpdateUrl", m_checkUpdateUrl);
+    readString(machine, L"UsageReportUrl", m_usageReportUrl);
     if (switchIs(machine, L"DisableUpdateCheck", 1)) m_checkOnStartUp = false;
     if (switchIs(machine, L"DisableAutomaticUpdates", 1)) m_automaticUpdatesDisabled = true;
     if (switchIs(machine, L"ShowInactiveUpdates", 1)) m_showInactiveUpdates = true;

@@ -36,6 +36,9 @@ class CHvAutomaticUpdateManager {
   bool AutomaticUpdatesDisabled() const { return m_automaticUpdatesDisabled; }
   bool ShowInactiveUpdates() const { return m_showInactiveUpdates; }
   const std::wstring& CheckUpdateUrl() const { return m_checkUpdateUrl; }
+  // The machine's "UsageReportUrl": a whole URL that replaces the maker's
+  // usage service (a test installation's own service); empty when not set.
+  const std::wstring& UsageReportUrl() const { return m_usageReportUrl; }
   const DismissedMap& Dismissed() const { return m_dismissed; }
   // The product's dismissal time; 0 for a product never dismissed.
   std::int64_t DismissedTime(std::uint32_t product) const;
@@ -45,6 +48,7 @@ class CHvAutomaticUpdateManager {
   bool m_automaticUpdatesDisabled = false;
   std::wstring m_keyPath;
   std::wstring m_checkUpdateUrl;
+  std::wstring m_usageReportUrl;
   bool m_showInactiveUpdates = false;
   DismissedMap m_dismissed;
 };

@@ -4,6 +4,8 @@
 // the identity of the workstation and licence it comes from.
 #include <json/value.h>
 
+#include "online/OrderedJsonObject.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -43,8 +45,9 @@ class CHvUsageReport {
   CHvUsageReport& operator=(CHvUsageReport&&) = default;
   virtual ~CHvUsageReport() = default;
 
-  // Fills object with the report's members ("VER", "LastSend", ... "Counters").
-  virtual void WriteJson(Json::Value& object) const;
+  // Adds the report's members to object in the file's order ("VER",
+  // "LastSend", ... "Counters"; in each list "Num", then record by record).
+  virtual void WriteJson(kvt1::json::OrderedObject& object) const;
   // Reads the members back; false, and the report untouched, when the
   // object's "VER" is newer than kVersion. Missing or mistyped members leave
   // their fields empty or zero; lists are read for 0 to "Num" less 1.

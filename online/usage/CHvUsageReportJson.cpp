@@ -1,10 +1,12 @@
-// The report's JSON members: "VER", "LastSend", "LicenseNum", "Product",
-// "Guid", "Eval", then the four lists as objects with "Num" and numbered
-// members ("0_Platform", "0_Times", "1_Platform", ...).
+// The report's JSON members, written in this order: "VER", "LastSend",
+// "LicenseNum", "Product", "Guid", "Eval", then the four lists as objects with
+// "Num" first and each record's numbered members, its name before its values
+// ("0_Platform", "0_Times", "1_Platform", ...).
 #include <algorithm>
 #include <string>
 
 #include "online/JsonText.h"
+#include "online/OrderedJsonObject.h"
 #include "online/usage/CHvUsageReport.h"
 #include "platform/Unicode.h"
 
@@ -12,6 +14,7 @@ namespace Hv {
 namespace {
 
 using kvt1::json::member;
+using kvt1::json::OrderedObject;
 using kvt1::platform::fromUtf8;
 using kvt1::platform::toUtf8;
 
@@ -24,9 +27,9 @@ Json::Value timesArray(const std::vector<std::uint32_t>& times) {
   return array;
 }
 
-Json::Value listObject(std::size_t count) {
-  Json::Value list(Json::objectValue);
-  list["Num"] = static_cast<Json::Int>(count);
+OrderedObject listObject(std::size_t count) {
+  OrderedObject list;
+  list.add("Num", static_cast<Json::Int>(count));
   return list;
 }
 
@@ -59,14 +62,14 @@ bool readText(const Json::Value& list, const std::string& name, std::wstring& te
 
 // Login and tool records: a name and its times.
 template <typename Record>
-void writeTimed(Json::Value& object, const char* listName, const char* nameSuffix, const std::vector<Record>& records,
+void writeTimed(OrderedObject& object, const char* listName, const char* nameSuffix, const std::vector<Record>& records,
                 std::wstring Record::*key) {
-  Json::Value list = listObject(records.size());
+  OrderedObject list = listObject(records.size());
   for (std::size_t i = 0; i < records.size(); ++i) {
-    list[numbered(i, nameSuffix)] = toUtf8(records[i].*key);
-    list[numbered(i, "_Times")] = timesArray(records[i].times);
+    list.add(numbered(i, nameSuffix), toUtf8(records[i].*key));
+    list.add(numbered(i, "_Times"), timesArray(records[i].times));
   }
-  object[listName] = std::move(list);
+  object.add(listName, list);
 }
 
 template <typename Record>
@@ -84,31 +87,32 @@ void readTimed(const Json::Value& object, const char* listName, const char* name
 
 }  // namespace
 
-void CHvUsageReport::WriteJson(Json::Value& object) const {
-  object["VER"] = kVersion;
-  object["LastSend"] = Json::UInt(m_lastSend);
-  object["LicenseNum"] = Json::UInt(m_licenseNum);
-  object["Product"] = Json::UInt(m_product);
-  object["Guid"] = toUtf8(m_guid);
-  object["Eval"] = m_eval;
+void CHvUsageReport::WriteJson(OrderedObject& object) const {
+  object.add("VER", kVersion);
+  object.add("LastSend", Json::UInt(m_lastSend));
+  object.add("LicenseNum", Json::UInt(m_licenseNum));
+  object.add("Product", Json::UInt(m_product));
+  object.add("Guid", toUtf8(m_guid));
+  object.add("Eval", m_eval);
   writeTimed(object, "Logins", "_Platform", m_logins, &SHvUsageLogin::platform);
   writeTimed(object, "ToolUses", "_Tool", m_toolUses, &SHvUsageToolUse::tool);
 
-  Json::Value custom = listObject(m_custom.size());
+  OrderedObject custom = listObject(m_custom.size());
   for (std::size_t i = 0; i < m_custom.size(); ++i) {
-    custom[numbered(i, "_Name")] = toUtf8(m_custom[i].name);
-    custom[numbered(i, "_Dupes")] = m_custom[i].dupes;
-    Json::Value& vals = custom[numbered(i, "_Vals")] = Json::Value(Json::arrayValue);
+    custom.add(numbered(i, "_Name"), toUtf8(m_custom[i].name));
+    custom.add(numbered(i, "_Dupes"), m_custom[i].dupes);
+    Json::Value vals(Json::arrayValue);
     for (const std::wstring& value : m_custom[i].vals) vals.append(toUtf8(value));
+    custom.add(numbered(i, "_Vals"), vals);
   }
-  object["Custom"] = std::move(custom);
+  object.add("Custom", custom);
 
-  Json::Value counters = listObject(m_counters.size());
+  OrderedObject counters = listObject(m_counters.size());
   for (std::size_t i = 0; i < m_counters.size(); ++i) {
-    counters[numbered(i, "_Name")] = toUtf8(m_counters[i].name);
-    counters[numbered(i, "_Ct")] = m_counters[i].count;
+    counters.add(numbered(i, "_Name"), toUtf8(m_counters[i].name));
+    counters.add(numbered(i, "_Ct"), m_counters[i].count);
   }
-  object["Counters"] = std::move(counters);
+  object.add("Counters", counters);
 }
 
 bool CHvUsageReport::ReadJson(const Json::Value& object) {

@@ -5,7 +5,6 @@
 
 #include "online/usage/CHvWorkstationGUID.h"
 #include "online/usage/FeatureCodes.h"
-#include "platform/File.h"
 #include "platform/OsVersion.h"
 #include "platform/Registry.h"
 #include "platform/WideFormat.h"
@@ -24,11 +23,9 @@ constexpr std::int64_t kSecondsPerDay = 86400;
 // the first hand-over falls due one day after first use.
 constexpr std::int64_t kFirstReportAge = 1123200;
 
-#if defined(_WIN64) || defined(__x86_64__) || defined(__aarch64__)
-const wchar_t kArchitecture[] = L"x64";
-#else
+// The login's architecture name is "x86" on every build: the maker's service
+// knows only that name.
 const wchar_t kArchitecture[] = L"x86";
-#endif
 
 bool readDword(RegistryRoot root, const std::wstring& keyPath, const wchar_t* name, std::uint32_t& value) {
   RegistryKey key;
@@ -48,11 +45,6 @@ void storeConsent(const std::wstring& keyPath, std::uint32_t value) {
     return;  // not stored: the question comes again at the next start
   }
   key.setValue(kConsentValue, kvt1::platform::kRegDword, &value, sizeof value);
-}
-
-std::wstring folderOf(const std::wstring& path) {
-  const std::size_t separator = path.find_last_of(L"\\/");
-  return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
 }
 
 }  // namespace
@@ -105,25 +97,30 @@ void CHvsUsageReportManagerBase::StartRun() {
   StartSendingIfDue();
 }
 
-void CHvsUsageReportManagerBase::EndRun() {
+bool CHvsUsageReportManagerBase::EndRun() {
   WaitForSend();
-  if (!m_collecting || !m_report) return;
+  const std::shared_ptr<Hv::CHvUsageReport> sent = std::move(m_sent);
+  if (!m_collecting || !m_report) return true;
   const std::unique_ptr<Hv::CHvUsageReport> run = std::move(m_report);
+  if (sent && m_sendOutcome != kvt1::usage::SendOutcome::Refused) {
+    sent->Merge(*run);
+    return SaveStored(*sent);
+  }
+  const kvt1::usage::UsageReportHome home = Home(run->FilePath());
   Hv::CHvUsageReport stored;
-  switch (m_store.Load(run->FilePath(), stored)) {
+  switch (home.Load(stored)) {
     case kvt1::usage::ReportLoad::Loaded:
       stored.Merge(*run);
-      SaveStored(stored);
-      return;
+      return SaveStored(stored);
     case kvt1::usage::ReportLoad::Unreadable:
       // Never written over: kept aside, and this run starts a new report.
-      if (m_store.KeepAside(run->FilePath()).empty()) return;
+      if (home.KeepAside().empty()) return false;
       [[fallthrough]];
     case kvt1::usage::ReportLoad::Missing:
       run->SetLastSend(static_cast<std::uint32_t>(std::max<std::int64_t>(0, m_clock() - kFirstReportAge)));
-      SaveStored(*run);
-      return;
+      return SaveStored(*run);
   }
+  return false;
 }
 
 void CHvsUsageReportManagerBase::IncrementCounter(const std::wstring& name, std::int32_t amount) {
@@ -164,28 +161,36 @@ std::int64_t CHvsUsageReportManagerBase::IntervalSeconds() {
 
 void CHvsUsageReportManagerBase::StartSendingIfDue() {
   WaitForSend();
+  const kvt1::usage::UsageReportHome home = Home(m_report->FilePath());
   auto stored = std::make_shared<Hv::CHvUsageReport>();
-  if (m_store.Load(m_report->FilePath(), *stored) != kvt1::usage::ReportLoad::Loaded) return;
+  if (home.Load(*stored) != kvt1::usage::ReportLoad::Loaded) return;
   if (m_clock() - static_cast<std::int64_t>(stored->LastSend()) < IntervalSeconds()) return;
 
-  // The thread works on its own copies; of the manager it touches only the flag.
+  // The thread works on its own copies; of the manager it touches only the
+  // flag and the outcome.
   m_sending = true;
+  m_sendOutcome = kvt1::usage::SendOutcome::Refused;
+  m_sent = stored;
   try {
-    m_sendThread = std::thread([stored, channel = GetReportChannel(), store = m_store, compressed = SaveCompressed(),
-                                clock = m_clock, &sending = m_sending] {
+    m_sendThread = std::thread([stored, channel = GetReportChannel(), home, clock = m_clock, &sending = m_sending,
+                                &outcome = m_sendOutcome] {
       try {
-        kvt1::usage::sendReport(*stored, static_cast<std::uint32_t>(clock()), channel, store, compressed);
+        outcome = kvt1::usage::sendReport(*stored, static_cast<std::uint32_t>(clock()), channel, home);
       } catch (...) {
-        // A failed send leaves the file as it was; nothing leaves the thread.
+        // Nothing leaves the thread; the outcome stays "refused".
       }
       sending = false;
     });
   } catch (const std::system_error&) {
     m_sending = false;
+    m_sent.reset();
   }
 }
 
-bool CHvsUsageReportManagerBase::SaveStored(Hv::CHvUsageReport& report) {
-  kvt1::platform::createFolders(folderOf(report.FilePath()));
-  return m_store.Save(report.FilePath(), report, SaveCompressed());
+kvt1::usage::UsageReportHome CHvsUsageReportManagerBase::Home(const std::wstring& path) {
+  return kvt1::usage::UsageReportHome(m_store, path, GetProductKeyPath(), SaveCompressed());
+}
+
+bool CHvsUsageReportManagerBase::SaveStored(const Hv::CHvUsageReport& report) {
+  return Home(report.FilePath()).Save(report) != kvt1::usage::ReportSaved::Nowhere;
 }

@@ -13,6 +13,7 @@
 #include "online/Clock.h"
 #include "online/usage/CHvUsageReport.h"
 #include "online/usage/UsageReportSending.h"
+#include "online/usage/UsageReportHome.h"
 #include "online/usage/UsageReportStore.h"
 
 // The consent dialog's results.
@@ -59,8 +60,11 @@ class CHvsUsageReportManagerBase {
   void StartRun();
   // With collection on: waits for a running send, then merges the run's
   // report into the stored one (or stores it as the first) and saves it.
-  // The run's report is gone afterwards.
-  void EndRun();
+  // When this run's send was taken, the stored one is the emptied report the
+  // send left, whether or not that could be saved, so the same data never
+  // goes twice. The run's report is gone afterwards. False when the report
+  // could be stored nowhere (neither its file nor the registry).
+  bool EndRun();
 
   void IncrementCounter(const std::wstring& name, std::int32_t amount = 1);
   // One use of a feature of the LISP application (see FeatureCounterName).
@@ -84,13 +88,17 @@ class CHvsUsageReportManagerBase {
   bool SaveCompressed();
   std::int64_t IntervalSeconds();
   void StartSendingIfDue();
-  bool SaveStored(Hv::CHvUsageReport& report);
+  kvt1::usage::UsageReportHome Home(const std::wstring& path);
+  bool SaveStored(const Hv::CHvUsageReport& report);
 
   std::unique_ptr<Hv::CHvUsageReport> m_report;
   bool m_collecting = false;
   bool m_ask = false;
   std::thread m_sendThread;
   std::atomic<bool> m_sending{false};
+  // The copy the sending thread works on and what came of it; read after the thread ended.
+  std::shared_ptr<Hv::CHvUsageReport> m_sent;
+  std::atomic<kvt1::usage::SendOutcome> m_sendOutcome{kvt1::usage::SendOutcome::Refused};
   kvt1::Clock m_clock = kvt1::systemSeconds;
   kvt1::usage::UsageReportStore m_store;
 };

@@ -1,14 +1,14 @@
 #include "online/usage/UsageReportSending.h"
 
-#include "online/JsonText.h"
+#include "online/OrderedJsonObject.h"
 #include "online/usage/ZlibText.h"
 
 namespace kvt1::usage {
 
 std::vector<std::uint8_t> frameReport(const Hv::CHvUsageReport& report) {
-  Json::Value object(Json::objectValue);
+  json::OrderedObject object;
   report.WriteJson(object);
-  const std::string stream = deflateText(json::write(object));
+  const std::string stream = deflateText(object.text());
   const auto length = static_cast<std::uint32_t>(stream.size());
   std::vector<std::uint8_t> buffer;
   buffer.reserve(4 + stream.size());
@@ -17,12 +17,12 @@ std::vector<std::uint8_t> frameReport(const Hv::CHvUsageReport& report) {
   return buffer;
 }
 
-bool sendReport(Hv::CHvUsageReport& report, std::uint32_t now, const ReportChannel& channel,
-                const UsageReportStore& store, bool compressed) {
+SendOutcome sendReport(Hv::CHvUsageReport& report, std::uint32_t now, const ReportChannel& channel,
+                       const UsageReportHome& home) {
   report.SetLastSend(now);
-  if (!channel(frameReport(report))) return false;
+  if (!channel(frameReport(report))) return SendOutcome::Refused;
   report.Clear();
-  return store.Save(report.FilePath(), report, compressed);
+  return home.Save(report) == ReportSaved::Nowhere ? SendOutcome::SentNotStored : SendOutcome::Sent;
 }
 
 }  // namespace kvt1::usage

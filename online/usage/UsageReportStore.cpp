@@ -35,6 +35,15 @@ bool readFile(const std::wstring& path, std::string& bytes) {
   return ok;
 }
 
+// True unless the file at path exists and cannot be opened for writing.
+bool writable(const std::wstring& path) {
+  if (!platform::fileExists(path)) return true;
+  std::FILE* file = platform::openFile(path, "rb+");
+  if (!file) return false;
+  std::fclose(file);
+  return true;
+}
+
 // A name beside path that no other save uses at the same time.
 std::wstring temporaryPath(const std::wstring& path) {
   std::random_device random;
@@ -44,9 +53,11 @@ std::wstring temporaryPath(const std::wstring& path) {
 }  // namespace
 
 std::string reportFileText(const Hv::CHvUsageReport& report) {
-  Json::Value root(Json::objectValue);
-  report.WriteJson(root["UsageReport"]);
-  return json::write(root);
+  json::OrderedObject object;
+  report.WriteJson(object);
+  json::OrderedObject root;
+  root.add("UsageReport", object);
+  return root.text();
 }
 
 bool readReportFileText(std::string_view text, Hv::CHvUsageReport& report) {
@@ -54,6 +65,17 @@ bool readReportFileText(std::string_view text, Hv::CHvUsageReport& report) {
   if (!json::parse(std::string(text), root)) return false;
   const Json::Value* object = json::member(root, "UsageReport");
   return object && object->isObject() && report.ReadJson(*object);
+}
+
+std::string reportFileBytes(const Hv::CHvUsageReport& report, bool compressed) {
+  const std::string text = reportFileText(report);
+  return compressed ? deflateText(text) : text;
+}
+
+bool readReportFileBytes(std::string_view bytes, Hv::CHvUsageReport& report) {
+  std::string text;
+  return inflateText(bytes, text, kMaxReportBytes) ? readReportFileText(text, report)
+                                                   : readReportFileText(bytes, report);
 }
 
 UsageReportStore::UsageReportStore() : m_write(writeAll) {}
@@ -64,18 +86,14 @@ ReportLoad UsageReportStore::Load(const std::wstring& path, Hv::CHvUsageReport& 
   if (!platform::fileExists(path)) return ReportLoad::Missing;
   std::string bytes;
   if (!readFile(path, bytes)) return ReportLoad::Unreadable;
-  std::string text;
-  const bool read = inflateText(bytes, text, kMaxReportBytes) ? readReportFileText(text, report)
-                                                              : readReportFileText(bytes, report);
-  if (!read) return ReportLoad::Unreadable;
+  if (!readReportFileBytes(bytes, report)) return ReportLoad::Unreadable;
   report.SetFilePath(path);
   return ReportLoad::Loaded;
 }
 
 bool UsageReportStore::Save(const std::wstring& path, const Hv::CHvUsageReport& report, bool compressed) const {
-  const std::string text = reportFileText(report);
-  const std::string bytes = compressed ? deflateText(text) : text;
-  if (bytes.empty()) return false;
+  const std::string bytes = reportFileBytes(report, compressed);
+  if (bytes.empty() || !writable(path)) return false;
 
   const std::wstring temporary = temporaryPath(path);
   std::FILE* file = platform::openFile(temporary, "wb");

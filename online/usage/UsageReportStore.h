@@ -23,6 +23,12 @@ std::string reportFileText(const Hv::CHvUsageReport& report);
 // False, report untouched, when the text is not a JSON object with a
 // "UsageReport" object or that report is of a newer format.
 bool readReportFileText(std::string_view text, Hv::CHvUsageReport& report);
+// The file's bytes: the zlib stream of its text, or the plain text; empty
+// only when zlib failed.
+std::string reportFileBytes(const Hv::CHvUsageReport& report, bool compressed);
+// Reads either form of the file's bytes; false, report untouched, when they
+// are neither.
+bool readReportFileBytes(std::string_view bytes, Hv::CHvUsageReport& report);
 
 class UsageReportStore {
  public:
@@ -36,7 +42,8 @@ class UsageReportStore {
   // Unreadable: the file exists but is neither a valid zlib stream of a
   // report nor a plain report (or could not be read at all).
   ReportLoad Load(const std::wstring& path, Hv::CHvUsageReport& report) const;
-  // False, with the file at path as it was, when any step failed.
+  // False, with the file at path as it was, when any step failed. A report
+  // file made read-only is never replaced, as Windows refuses to.
   bool Save(const std::wstring& path, const Hv::CHvUsageReport& report, bool compressed) const;
   // Moves the file at path to "<path>.unreadable" (then "-2", "-3", ... up to
   // "-99"), never over another file. The new path; empty when none was free.

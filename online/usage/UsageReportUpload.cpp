@@ -8,9 +8,9 @@
 namespace kvt1::usage {
 
 std::wstring usageUploadUrl() {
-  const std::wstring& configured = Hv::Http::CHvAutomaticUpdateManager::Instance()->CheckUpdateUrl();
-  const std::wstring& host = configured.empty() ? Hv::Http::CHvHttpClientManager::Instance()->GetHost() : configured;
-  return L"http://" + host + L"/UsageReportService/Upload";
+  const std::wstring& configured = Hv::Http::CHvAutomaticUpdateManager::Instance()->UsageReportUrl();
+  if (!configured.empty()) return configured;
+  return L"https://" + Hv::Http::CHvHttpClientManager::Instance()->GetHost() + L"/UsageReportService/Upload";
 }
 
 bool uploadReport(const std::wstring& url, std::uint32_t product, const std::vector<std::uint8_t>& buffer) {

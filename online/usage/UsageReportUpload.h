@@ -1,15 +1,16 @@
 #pragma once
-// The module's report channel: an HTTP POST of the framed report to the
-// maker's usage service, on the host of the update service, through the HTTP
-// bridge. The body is {"Product": <number>, "Frame": "<base64 of the buffer>"}.
+// The module's report channel: a POST of the framed report to the maker's
+// usage service through the HTTP bridge. The body is
+// {"Product": <number>, "Frame": "<base64 of the buffer>"}. The report carries
+// the workstation identifier, so it goes over https.
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace kvt1::usage {
 
-// "http://<host>/UsageReportService/Upload", the host being the update
-// service's (the installation's "CheckUpdateUrl" or the bridge's default).
+// "https://<host>/UsageReportService/Upload" on the maker's service host (the
+// bridge's), or the installation's "UsageReportUrl" as it stands.
 std::wstring usageUploadUrl();
 
 // True only when the service answered 200.

@@ -97,5 +97,21 @@ TEST(UpdateServiceProgramOptions, RefusesUnknownModesAndMissingAnswers) {
   }
 }
 
+TEST(UpdateServiceProgramOptions, HelpDescribesBothEndpointsAndTheUploadBody) {
+  const std::string command = platform::toUtf8(programFolder()) + "/kvt1-update-service --help";
+  std::FILE* pipe = popen(command.c_str(), "r");
+  ASSERT_NE(pipe, nullptr);
+  std::string help;
+  char chunk[1024];
+  for (std::size_t got; (got = std::fread(chunk, 1, sizeof chunk, pipe)) > 0;) help.append(chunk, got);
+  const int status = pclose(pipe);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  for (const char* part : {"GET /AutomaticUpdateServiceLibrary/CheckForUpdates", "POST /UsageReportService/Upload",
+                           "{\"Product\":N,\"Frame\":\"BASE64\"}", "4-byte little-endian length", "zlib",
+                           "\"UsageReportUrl\"", "https", "--mode"}) {
+    EXPECT_NE(help.find(part), std::string::npos) << part << "\n" << help;
+  }
+}
+
 }  // namespace
 }  // namespace kvt1::testing

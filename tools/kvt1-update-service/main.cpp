@@ -1,9 +1,5 @@
-// kvt1-update-service: the local update service for tests and the demo.
-//   kvt1-update-service --answers DIR [--mode MODE] [--delay-ms N] [--port-file FILE]
-// Answers product N from DIR/N.json; MODE is answer (the default), slow, 204,
-// 301, 500, garbage, oversized, close or hang. Prints the address it listens
-// on, every request line and, for each usage report upload, the frame's size
-// and whether its length prefix matches; runs until interrupted.
+// kvt1-update-service: the local update and usage service for tests and the
+// demo; --help describes its endpoints and options.
 #include <pthread.h>
 #include <signal.h>
 
@@ -17,10 +13,45 @@
 
 namespace {
 
+const char kUsage[] =
+    "usage: kvt1-update-service --answers DIR [--mode answer|slow|204|301|500|garbage|oversized|close|hang]\n"
+    "                           [--delay-ms N] [--port-file FILE]\n";
+
+const char kHelp[] =
+    "\n"
+    "A local stand-in for the maker's update and usage services, on 127.0.0.1 at a\n"
+    "free port. Point an installation at it with the machine values under\n"
+    "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvorn Systems\\KVT\\1.1\\CAD:\n"
+    "  \"CheckUpdateUrl\"=\"127.0.0.1:PORT\"        (the update check's host)\n"
+    "  \"UsageReportUrl\"=\"http://127.0.0.1:PORT/UsageReportService/Upload\"\n"
+    "Without \"UsageReportUrl\" the module sends usage reports over https to the\n"
+    "maker's service, which this program does not stand in for.\n"
+    "\n"
+    "Endpoints:\n"
+    "  GET /AutomaticUpdateServiceLibrary/CheckForUpdates?product=N&version=V&language=L\n"
+    "      200 with the JSON text of DIR/N.json; 404 when there is no such file.\n"
+    "  POST /UsageReportService/Upload\n"
+    "      Content-Type: application/json; the body is\n"
+    "        {\"Product\":N,\"Frame\":\"BASE64\"}\n"
+    "      where the frame is a 4-byte little-endian length followed by that many\n"
+    "      bytes: a zlib stream of the usage report's JSON text. 200 with\n"
+    "      {\"Accepted\":true} when the frame is well formed, 404 otherwise.\n"
+    "\n"
+    "Options:\n"
+    "  --answers DIR     the folder of answers, one N.json per product number\n"
+    "  --mode MODE       answer (the default); slow (answer after the delay); 204;\n"
+    "                    301; 500; garbage (200, not JSON); oversized (200, 100 MB);\n"
+    "                    close (drops the connection); hang (never answers).\n"
+    "                    The modes apply to both endpoints.\n"
+    "  --delay-ms N      the delay of slow (2000 by default)\n"
+    "  --port-file FILE  writes the port there once listening\n"
+    "\n"
+    "Prints the address it listens on, every request line and, for each upload,\n"
+    "the frame's size and whether its length prefix matches; runs until SIGINT or\n"
+    "SIGTERM.\n";
+
 int usage() {
-  std::fprintf(stderr,
-               "usage: kvt1-update-service --answers DIR [--mode answer|slow|204|301|500|garbage|oversized|close|hang]\n"
-               "                           [--delay-ms N] [--port-file FILE]\n");
+  std::fputs(kUsage, stderr);
   return 2;
 }
 
@@ -34,7 +65,8 @@ int main(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     const std::string option = argv[i];
     if (option == "--help" || option == "-h") {
-      usage();
+      std::fputs(kUsage, stdout);
+      std::fputs(kHelp, stdout);
       return 0;
     }
     if (i + 1 >= argc) return usage();

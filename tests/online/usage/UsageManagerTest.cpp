@@ -110,7 +110,7 @@ TEST_F(UsageManager, TheRunsReportHoldsTheLoginAndTheIdentity) {
   const std::uint32_t version = platform::packedOsVersion();
   ASSERT_EQ(report->Logins().size(), 1u);
   EXPECT_EQ(report->Logins()[0].platform,
-            platform::formatWide(L"TestCAD::%s::%d", sizeof(void*) == 4 ? L"x86" : L"x64", static_cast<int>(version)));
+            platform::formatWide(L"TestCAD::x86::%d", static_cast<int>(version)));
   EXPECT_EQ(report->Logins()[0].times, (std::vector<std::uint32_t>{kStart}));
   ASSERT_EQ(report->Custom().size(), 2u);
   EXPECT_EQ(report->Custom()[0].name, L"WinXP");
@@ -272,7 +272,7 @@ TEST_F(UsageManager, AnUnreadableReportIsKeptAsideAndANewOneStarted) {
   EXPECT_EQ(fileBytes(path() + L".unreadable-2"), newer);
 }
 
-TEST_F(UsageManager, ASaveThatFailsKeepsTheStoredReport) {
+TEST_F(UsageManager, WhileTheFileCannotBeSavedTheReportLivesInTheRegistry) {
   setConsent(installation, 1);
   run(1);
   const std::string before = fileBytes(path());
@@ -280,11 +280,29 @@ TEST_F(UsageManager, ASaveThatFailsKeepsTheStoredReport) {
   manager.now += 60;
   run(5);
   EXPECT_EQ(fileBytes(path()), before);
-  // And a send whose save fails leaves the report to be sent again.
+  // An accepted send is remembered: the next start does not send it again,
+  // and every run's counts are kept.
   manager.now = kStart + 30 * kDay;
-  run(0);
+  run(1);
+  ASSERT_EQ(manager.sent.size(), 1u);
+  manager.now += 60;
+  run(1);
   EXPECT_EQ(manager.sent.size(), 1u);
   EXPECT_EQ(fileBytes(path()), before);
+
+  // Once the file can be saved it holds everything, and the registry's copy is gone.
+  manager.SetStore(usage::UsageReportStore());
+  manager.now += 60;
+  run(1);
+  EXPECT_EQ(manager.sent.size(), 1u);
+  const Hv::CHvUsageReport stored = readStored(path());
+  EXPECT_EQ(stored.LastSend(), kStart + 30 * kDay);
+  EXPECT_EQ(counterOf(stored, L"Count::Building::Import"), 3);
+  EXPECT_EQ(stored.Logins()[0].times.size(), 3u);
+  // A copy left in the registry would now be read first, and the count drop.
+  manager.now += 60;
+  run(0);
+  EXPECT_EQ(counterOf(readStored(path()), L"Count::Building::Import"), 3);
 }
 
 TEST_F(UsageManager, AReportFolderThatCannotBeCreatedLosesOnlyTheRun) {

@@ -7,6 +7,7 @@
 #include "host/ModulePath.h"
 #include "online/usage/ZlibText.h"
 #include "platform/ThisModule.h"
+#include "platform/Unicode.h"
 #include "settings/ProductKey.h"
 #include "tests/online/OnlineTestSupport.h"
 #include "tests/online/usage/UsageTestSupport.h"
@@ -23,6 +24,8 @@ class UsageModuleSession : public ::testing::Test {
     const std::string host = service.hostAndPort();
     setRegistryString(installation, platform::RegistryRoot::LocalMachine, productKeyPath(), L"CheckUpdateUrl",
                       std::wstring(host.begin(), host.end()));
+    setRegistryString(installation, platform::RegistryRoot::LocalMachine, productKeyPath(), L"UsageReportUrl",
+                      platform::fromUtf8("http://" + host + "/UsageReportService/Upload"));
     // The user's data folder lies in the test's folder, never in a real profile.
     setRegistryString(installation, platform::RegistryRoot::CurrentUser, productKeyPath(), L"DataPath",
                       installation.folder() + L"\\UserData");

@@ -6,7 +6,12 @@
 #include "online/JsonText.h"
 #include "online/usage/CHvUsageReport.h"
 #include "online/usage/FeatureCodes.h"
+#include "online/usage/UsageReportSending.h"
 #include "online/usage/UsageReportStore.h"
+#include "online/usage/ZlibText.h"
+#include "platform/Unicode.h"
+#include "tests/online/OnlineTestSupport.h"
+#include "tests/online/usage/UsageTestSupport.h"
 
 namespace kvt1::testing {
 namespace {
@@ -33,9 +38,16 @@ bool readText(const std::string& text, Hv::CHvUsageReport& report) {
   return usage::readReportFileText(text, report);
 }
 
-TEST(UsageReportJson, WritesEveryMemberUnderItsName) {
+Json::Value reportObject(const Hv::CHvUsageReport& report) {
+  json::OrderedObject ordered;
+  report.WriteJson(ordered);
   Json::Value object;
-  sampleReport().WriteJson(object);
+  EXPECT_TRUE(json::parse(ordered.text(), object)) << ordered.text();
+  return object;
+}
+
+TEST(UsageReportJson, WritesEveryMemberUnderItsName) {
+  const Json::Value object = reportObject(sampleReport());
   EXPECT_EQ(object["VER"].asInt(), 1);
   EXPECT_EQ(object["LastSend"].asUInt(), 1400000000u);
   EXPECT_EQ(object["LicenseNum"].asUInt(), 4000000000u);
@@ -59,6 +71,43 @@ TEST(UsageReportJson, WritesEveryMemberUnderItsName) {
   // Nothing beyond the listed members.
   EXPECT_EQ(object.size(), 10u);
   EXPECT_EQ(object["Logins"].size(), 3u);
+}
+
+// The member names of a JSON text, at every depth, in the order they appear.
+std::vector<std::string> memberNames(const std::string& text) {
+  std::vector<std::string> names;
+  for (std::size_t quote = text.find('"'); quote != std::string::npos; quote = text.find('"', quote + 1)) {
+    const std::size_t end = text.find('"', quote + 1);
+    if (end == std::string::npos) break;
+    if (end + 1 < text.size() && text[end + 1] == ':') names.push_back(text.substr(quote + 1, end - quote - 1));
+    quote = end;
+  }
+  return names;
+}
+
+TEST(UsageReportJson, TheFileAndTheFrameKeepTheMembersInTheirOrder) {
+  Hv::CHvUsageReport report = sampleReport();
+  // Eleven counters: "10_Name" comes after "9_Ct", not after "1_Ct".
+  for (int i = 1; i <= 10; ++i) report.AddCount(L"Count::" + std::to_wstring(i), i);
+  std::vector<std::string> expected = {"VER",        "LastSend",   "LicenseNum", "Product",  "Guid",
+                                       "Eval",       "Logins",     "Num",        "0_Platform", "0_Times",
+                                       "ToolUses",   "Num",        "0_Tool",     "0_Times",  "1_Tool",
+                                       "1_Times",    "Custom",     "Num",        "0_Name",   "0_Dupes",
+                                       "0_Vals",     "1_Name",     "1_Dupes",    "1_Vals",   "Counters",
+                                       "Num"};
+  for (int i = 0; i <= 10; ++i) {
+    expected.push_back(std::to_string(i) + "_Name");
+    expected.push_back(std::to_string(i) + "_Ct");
+  }
+
+  std::vector<std::string> inFile = {"UsageReport"};
+  inFile.insert(inFile.end(), expected.begin(), expected.end());
+  EXPECT_EQ(memberNames(usage::reportFileText(report)), inFile);
+
+  const std::vector<std::uint8_t> frame = usage::frameReport(report);
+  std::string framed;
+  ASSERT_TRUE(usage::inflateText(std::string(frame.begin() + 4, frame.end()), framed, 1 << 20));
+  EXPECT_EQ(memberNames(framed), expected);
 }
 
 TEST(UsageReportJson, ReadsBackWhatItWrote) {
@@ -174,6 +223,27 @@ TEST(UsageFeatureCodes, CodesAndNamesGiveCounterNames) {
   EXPECT_EQ(Hv::FeatureCounterName(L"0203"), L"Count::0203");
   EXPECT_EQ(Hv::FeatureName(302), std::wstring(L"Heightfield::Filter"));
   EXPECT_EQ(Hv::FeatureName(0), nullptr);
+}
+
+// The demo session counts features as the LISP application does: by a feature
+// code or a feature name, so the counter is "Count::" and a known feature.
+TEST(FeatureNames, TheDemoCountsKnownFeatures) {
+  std::wstring known;
+  for (int code = 0; code < 1000; ++code) {
+    if (const wchar_t* name = Hv::FeatureName(code)) known += L"|Count::" + std::wstring(name) + L"|";
+  }
+  const std::string script = fileBytes(programFolder() + L"/demo.lsp");
+  ASSERT_FALSE(script.empty());
+  const std::string call = "(kvt1_reporting \"";
+  int counted = 0;
+  for (std::size_t at = script.find(call); at != std::string::npos; at = script.find(call, at + 1)) {
+    const std::size_t begin = at + call.size();
+    const std::string key = script.substr(begin, script.find('"', begin) - begin);
+    const std::wstring counter = Hv::FeatureCounterName(platform::fromUtf8(key));
+    EXPECT_NE(known.find(L"|" + counter + L"|"), std::wstring::npos) << key;
+    ++counted;
+  }
+  EXPECT_GT(counted, 0);
 }
 
 }  // namespace

@@ -52,14 +52,32 @@ void writeBytes(const std::wstring& path, const std::string& bytes) {
   std::fclose(file);
 }
 
-std::vector<std::string> folderEntries(const std::wstring& folder) {
+namespace {
+
+std::filesystem::path nativeFolder(const std::wstring& folder) {
   std::wstring native = folder;
 #ifndef _WIN32
   std::replace(native.begin(), native.end(), L'\\', L'/');
 #endif
+  return std::filesystem::path(native);
+}
+
+}  // namespace
+
+void makeFolderReadOnly(const std::wstring& folder, bool readOnly) {
+  namespace fs = std::filesystem;
+  const fs::perms write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  const fs::perm_options change = readOnly ? fs::perm_options::remove : fs::perm_options::add;
+  const fs::path native = nativeFolder(folder);
+  for (const auto& entry : fs::directory_iterator(native)) fs::permissions(entry.path(), write, change);
+  fs::permissions(native, write, change);
+}
+
+std::vector<std::string> folderEntries(const std::wstring& folder) {
+  const std::filesystem::path native = nativeFolder(folder);
   std::vector<std::string> names;
   std::error_code error;
-  for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(native), error)) {
+  for (const auto& entry : std::filesystem::directory_iterator(native, error)) {
     names.push_back(entry.path().filename().string());
   }
   std::sort(names.begin(), names.end());

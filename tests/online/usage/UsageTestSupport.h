@@ -39,6 +39,9 @@ Hv::CHvUsageReport readStored(const std::wstring& path);
 // The file's bytes; empty when it cannot be read.
 std::string fileBytes(const std::wstring& path);
 void writeBytes(const std::wstring& path, const std::string& bytes);
+// Makes the folder and the files in it read-only, or writable again, as the
+// folder's read-only box in a file manager does.
+void makeFolderReadOnly(const std::wstring& folder, bool readOnly);
 // The names in the folder, sorted; empty for a missing folder.
 std::vector<std::string> folderEntries(const std::wstring& folder);
 

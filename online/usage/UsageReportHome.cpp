@@ -1,0 +1,84 @@
+#include "online/usage/UsageReportHome.h"
+
+#include <vector>
+
+#include "platform/File.h"
+#include "platform/Registry.h"
+
+namespace kvt1::usage {
+namespace {
+
+using platform::RegistryAccess;
+using platform::RegistryKey;
+using platform::RegistryRoot;
+
+const wchar_t kPendingValue[] = L"UsageReportPending";
+
+std::wstring folderOf(const std::wstring& path) {
+  const std::size_t separator = path.find_last_of(L"\\/");
+  return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
+}
+
+}  // namespace
+
+UsageReportHome::UsageReportHome(UsageReportStore store, std::wstring path, std::wstring productKeyPath,
+                                 bool compressed)
+    : m_store(std::move(store)), m_path(std::move(path)), m_keyPath(std::move(productKeyPath)),
+      m_compressed(compressed) {}
+
+ReportLoad UsageReportHome::Load(Hv::CHvUsageReport& report) const {
+  if (ReadPending(report)) {
+    report.SetFilePath(m_path);
+    return ReportLoad::Loaded;
+  }
+  return m_store.Load(m_path, report);
+}
+
+ReportSaved UsageReportHome::Save(const Hv::CHvUsageReport& report) const {
+  platform::createFolders(folderOf(m_path));
+  if (m_store.Save(m_path, report, m_compressed)) {
+    WritePending(std::string());
+    return ReportSaved::File;
+  }
+  const std::string bytes = reportFileBytes(report, m_compressed);
+  return !bytes.empty() && WritePending(bytes) ? ReportSaved::Registry : ReportSaved::Nowhere;
+}
+
+std::wstring UsageReportHome::KeepAside() const { return m_store.KeepAside(m_path); }
+
+bool UsageReportHome::ReadPending(Hv::CHvUsageReport& report) const {
+  RegistryKey key;
+  if (RegistryKey::open(RegistryRoot::CurrentUser, m_keyPath, RegistryAccess::Read, key) != platform::kRegSuccess) {
+    return false;
+  }
+  std::uint32_t type = 0;
+  std::uint32_t size = 0;
+  if (key.queryValue(kPendingValue, type, nullptr, size) != platform::kRegSuccess || type != platform::kRegBinary ||
+      size == 0 || size > kMaxReportBytes) {
+    return false;
+  }
+  std::vector<char> bytes(size);
+  if (key.queryValue(kPendingValue, type, bytes.data(), size) != platform::kRegSuccess) return false;
+  return readReportFileBytes(std::string_view(bytes.data(), size), report);
+}
+
+// Empty bytes mark that the file holds the report.
+bool UsageReportHome::WritePending(const std::string& bytes) const {
+  RegistryKey key;
+  if (bytes.empty()) {
+    // Nothing to clear when the key or the value was never written.
+    if (RegistryKey::open(RegistryRoot::CurrentUser, m_keyPath, RegistryAccess::Full, key) != platform::kRegSuccess) {
+      return true;
+    }
+    std::uint32_t type = 0;
+    std::uint32_t size = 0;
+    if (key.queryValue(kPendingValue, type, nullptr, size) != platform::kRegSuccess || size == 0) return true;
+  } else if (RegistryKey::create(RegistryRoot::CurrentUser, m_keyPath, RegistryAccess::Full, key) !=
+             platform::kRegSuccess) {
+    return false;
+  }
+  return key.setValue(kPendingValue, platform::kRegBinary, bytes.data(), static_cast<std::uint32_t>(bytes.size())) ==
+         platform::kRegSuccess;
+}
+
+}  // namespace kvt1::usage
