@@ -48,7 +48,7 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
 
   // A missing engine library is not an error here; the dialogs report it when they open.
   m_htmlEngine = platform::DynamicLibrary::load(splitModulePath(modulePath).folder + L"\\htmlayout.dll");
-  m_htmlEngineSetup.start(m_htmlEngine, m_hdllInstance);
+  m_htmlEngineSetup.start(m_htmlEngine);
 
   AcRxArxApp::On_kInitAppMsg(pkt);
   CSettingsStore& settings = theSettings();

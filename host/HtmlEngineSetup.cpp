@@ -1,15 +1,10 @@
 #include "host/HtmlEngineSetup.h"
 
-#include <optional>
 #include <string>
-#include <vector>
 
 #include "htmlui/HTMEngine.h"
-#include "htmlui/HTMPage.h"
 #include "htmlui/engine/DomEngine.h"
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
-#include "platform/Resources.h"
-#include "platform/Unicode.h"
 #include "text/MessageDescription.h"
 
 #ifdef _WIN32
@@ -31,19 +26,11 @@ std::unique_ptr<html::HtmlEngine> libraryEngine(const platform::DynamicLibrary& 
 std::unique_ptr<html::HtmlEngine> libraryEngine(const platform::DynamicLibrary&) { return nullptr; }
 #endif
 
-// Pictures named in a page come from the resources, as the dialogs' other
-// resource requests do: "IMG_X.IMAGES" is the resource IMG_X of type IMAGES.
-std::vector<unsigned char> pictureResource(void* resources, const std::string& url) {
-  const PageResourceName resource = resourceForUrl(platform::fromUtf8(url));
-  const std::optional<platform::ResourceData> data = platform::findResource(resources, resource.type, resource.name);
-  if (!data) return {};
-  return std::vector<unsigned char>(data->bytes, data->bytes + data->size);
-}
-
-std::unique_ptr<html::HtmlEngine> domEngine(void* resources) {
-  auto layout = std::make_unique<html::LitehtmlLayout>();
-  layout->setImageLoader([resources](const std::string& url) { return pictureResource(resources, url); });
+std::unique_ptr<html::HtmlEngine> domEngine() {
   auto engine = std::make_unique<html::DomEngine>();
+  // Pictures go through the dialog's load-data request like every other resource.
+  auto layout = std::make_unique<html::LitehtmlLayout>();
+  layout->setImageLoader([pages = engine.get()](const std::string& url) { return pages->pictureData(url); });
   engine->setLayoutProvider(std::move(layout));
 #ifdef _WIN32
   // Real windows live in real time; the headless desktop's director moves
@@ -58,10 +45,10 @@ std::unique_ptr<html::HtmlEngine> domEngine(void* resources) {
 
 }  // namespace
 
-void HtmlEngineSetup::start(const platform::DynamicLibrary& library, void* resources) {
+void HtmlEngineSetup::start(const platform::DynamicLibrary& library) {
   stop();
   m_engine = libraryEngine(library);
-  if (!m_engine) m_engine = domEngine(resources);
+  if (!m_engine) m_engine = domEngine();
   SetHtmlEngine(m_engine.get());
   NTxtRes::SetMsgHandler(&m_messages);
 }

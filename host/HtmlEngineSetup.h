@@ -19,9 +19,9 @@ class HtmlEngineSetup {
   HtmlEngineSetup(const HtmlEngineSetup&) = delete;
   HtmlEngineSetup& operator=(const HtmlEngineSetup&) = delete;
 
-  // library: the loaded htmlayout.dll, kept loaded until after stop();
-  // resources: the image whose resources hold the pictures of the pages.
-  void start(const platform::DynamicLibrary& library, void* resources);
+  // library: the loaded htmlayout.dll, kept loaded until after stop().
+  // Pages get their style sheets and pictures from their dialogs.
+  void start(const platform::DynamicLibrary& library);
   // Restores the built-in message handler, leaves no engine current and
   // destroys this one. Nothing when none was made.
   void stop();

@@ -133,6 +133,7 @@ BOOL DomEngine::LoadHtmlEx(HWND hwnd, LPCBYTE html, UINT htmlSize, LPCWSTR baseU
     collect(*old, false);
   }
   view.importedStyles.clear();
+  view.pictures.clear();
   view.sheetBehaviors = StyleBehaviors();
   view.baseUrl = baseUrl != nullptr ? baseUrl : L"";
   installPage(view, parseHtml(decodePageBytes(html, htmlSize), tree_));

@@ -152,6 +152,11 @@ class DomEngine : public HtmlEngine {
   void setLayoutProvider(std::unique_ptr<LayoutProvider> provider);
   void setViewSize(HWND hwnd, int width, int height);
   std::string serializeForLayout(HWND hwnd);
+  // The bytes of a picture that the page being laid out names (an img src,
+  // a url() of a style sheet or style): asked of its view's load-data
+  // request, like every other resource, once per URL and view. The layout
+  // provider's picture loader.
+  std::vector<unsigned char> pictureData(const std::string& url);
   bool renderPng(HWND hwnd, const std::string& path);
 
   // Drops a view (its window is gone); elements in use stay valid, detached.
@@ -170,6 +175,7 @@ class DomEngine : public HtmlEngine {
     LPVOID callbackParam = nullptr;
     std::wstring baseUrl;
     std::map<std::wstring, std::wstring> importedStyles;
+    std::map<std::wstring, std::string> pictures;  // answers to picture requests, by URI
     StyleBehaviors sheetBehaviors;  // "behavior" as the page's style sheets declare it
     std::wstring pendingUri;  // the URI of the load request being answered
     bool pending = false;
@@ -212,6 +218,8 @@ class DomEngine : public HtmlEngine {
   void gatherStyleBehaviors(View& view);
   std::optional<std::wstring> behaviorNames(const Element& e, const View* view) const;
   void requestData(HWND hwnd, const std::wstring& uri, UINT type, HELEMENT principal, int depth);
+  // Sends the load-data request; the answered bytes, nothing when there are none or they are discarded.
+  std::optional<std::string> askForData(HWND hwnd, const std::wstring& uri, UINT type, HELEMENT principal);
   LRESULT notify(HWND hwnd, NMHDR& header);
 
   // Selection.
@@ -262,6 +270,7 @@ class DomEngine : public HtmlEngine {
   std::uint64_t generation_ = 1;  // counts every change, for layout
   std::unique_ptr<LayoutProvider> layout_;
   HWND laidOutView_ = nullptr;
+  HWND layingOut_ = nullptr;  // the view whose snapshot the provider lays out now: it answers picture requests
   POINT contextPoint_{0, 0};
   std::function<std::uint64_t()> clock_;
   bool repaintAsked_ = false;  // a repaint is asked of the views' windows and not done yet

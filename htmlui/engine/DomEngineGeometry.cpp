@@ -37,6 +37,7 @@ std::string DomEngine::serializeForLayout(HWND hwnd) {
 bool DomEngine::ensureLayout(View& view, int width) {
   if (!layout_ || tree_.find(view.root) == nullptr) return false;
   if (laidOutView_ == view.hwnd && view.laidOutGeneration == generation_ && view.laidOutWidth == width) return true;
+  layingOut_ = view.hwnd;
   if (!layout_->layout(serializeForLayout(view.hwnd), width)) {
     laidOutView_ = nullptr;
     return false;

@@ -3,6 +3,7 @@
 #include "htmlui/engine/DomEngine.h"
 #include "htmlui/engine/PageText.h"
 #include "htmlui/engine/StyleImports.h"
+#include "platform/Unicode.h"
 
 namespace kvt1::html {
 namespace {
@@ -90,9 +91,9 @@ void DomEngine::gatherStyleBehaviors(View& view) {
   });
 }
 
-void DomEngine::requestData(HWND hwnd, const std::wstring& uri, UINT type, HELEMENT principal, int depth) {
+std::optional<std::string> DomEngine::askForData(HWND hwnd, const std::wstring& uri, UINT type, HELEMENT principal) {
   View* view = findView(hwnd);
-  if (view == nullptr || (type == HLRT_DATA_STYLE && view->importedStyles.count(uri) != 0)) return;
+  if (view == nullptr) return std::nullopt;
   const std::wstring full = resolved(view->baseUrl, uri);
   NMHL_LOAD_DATA request{};
   request.hdr = NMHDR{hwnd, 0, HLN_LOAD_DATA};
@@ -105,7 +106,7 @@ void DomEngine::requestData(HWND hwnd, const std::wstring& uri, UINT type, HELEM
   view->pendingData.clear();
   const LRESULT answer = notify(hwnd, request.hdr);
   view = findView(hwnd);
-  if (view == nullptr) return;
+  if (view == nullptr) return std::nullopt;
   view->pending = false;
   std::string data;
   if (view->pendingAnswered)
@@ -113,12 +114,38 @@ void DomEngine::requestData(HWND hwnd, const std::wstring& uri, UINT type, HELEM
   else if (request.outData != nullptr && request.outDataSize != 0)
     data.assign(static_cast<const char*>(request.outData), request.outDataSize);
   else
+    return std::nullopt;
+  if (answer == LOAD_DISCARD) return std::nullopt;
+  return data;
+}
+
+void DomEngine::requestData(HWND hwnd, const std::wstring& uri, UINT type, HELEMENT principal, int depth) {
+  View* view = findView(hwnd);
+  if (view == nullptr || (type == HLRT_DATA_STYLE && view->importedStyles.count(uri) != 0)) return;
+  if (type == HLRT_DATA_IMAGE && view->pictures.count(uri) != 0) return;
+  std::optional<std::string> data = askForData(hwnd, uri, type, principal);
+  view = findView(hwnd);
+  if (view == nullptr) return;
+  if (type == HLRT_DATA_IMAGE) {
+    view->pictures[uri] = data ? std::move(*data) : std::string();
     return;
-  if (answer == LOAD_DISCARD || type != HLRT_DATA_STYLE) return;
-  const std::wstring css = decodePageBytes(reinterpret_cast<const unsigned char*>(data.data()), data.size());
+  }
+  if (!data || type != HLRT_DATA_STYLE) return;
+  const std::wstring css = decodePageBytes(reinterpret_cast<const unsigned char*>(data->data()), data->size());
   view->importedStyles[uri] = css;
   if (depth + 1 >= kMaxImportDepth) return;
   for (const StyleImport& rule : findStyleImports(css)) requestData(hwnd, rule.uri, HLRT_DATA_STYLE, principal, depth + 1);
+}
+
+std::vector<unsigned char> DomEngine::pictureData(const std::string& url) {
+  View* view = findView(layingOut_);
+  if (view == nullptr) return {};
+  const std::wstring uri = platform::fromUtf8(url);
+  if (view->pictures.count(uri) == 0) requestData(view->hwnd, uri, HLRT_DATA_IMAGE, toHandle(tree_.find(view->root)), 0);
+  view = findView(layingOut_);
+  if (view == nullptr) return {};
+  const std::string& bytes = view->pictures[uri];
+  return std::vector<unsigned char>(bytes.begin(), bytes.end());
 }
 
 BOOL DomEngine::DataReady(HWND hwnd, LPCWSTR uri, LPBYTE data, DWORD dataLength) {

@@ -1,10 +1,8 @@
 #include "tests/htmlui/dialogs/ProductDialogTest.h"
 
-#include "htmlui/HTMPage.h"
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
 #include "platform/Resources.h"
 #include "platform/ThisModule.h"
-#include "platform/Unicode.h"
 
 namespace kvt1::testing {
 
@@ -26,14 +24,8 @@ TestInstallation& ProductDialogTest::installation() {
 
 void ProductDialogTest::useLitehtml() {
   auto layout = std::make_unique<html::LitehtmlLayout>();
-  layout->setImageLoader([](const std::string& url) {
-    const PageResourceName resource = resourceForUrl(platform::fromUtf8(url));
-    std::vector<unsigned char> bytes;
-    if (auto data = platform::findResource(platform::thisModuleHandle(), resource.type, resource.name)) {
-      bytes.assign(data->bytes, data->bytes + data->size);
-    }
-    return bytes;
-  });
+  // Pictures come through the dialogs' load-data requests, as in the module.
+  layout->setImageLoader([this](const std::string& url) { return engine_.pictureData(url); });
   engine_.setLayoutProvider(std::move(layout));
 }
 

@@ -21,7 +21,7 @@ class ProductDialogTest : public DialogTest {
   void TearDown() override;
 
   static TestInstallation& installation();
-  // Lays pages out with litehtml, its pictures read from this program's resources.
+  // Lays pages out with litehtml, its pictures asked of the dialogs (from this program's resources).
   void useLitehtml();
 };
 

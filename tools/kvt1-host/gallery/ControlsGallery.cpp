@@ -2,7 +2,6 @@
 
 #include "host/HtmlEngineSetup.h"
 #include "platform/DynamicLibrary.h"
-#include "platform/ThisModule.h"
 #include "platform/WideFormat.h"
 #include "tools/kvt1-host/gallery/CControlsGalleryDlg.h"
 
@@ -17,7 +16,7 @@ void showControlsGallery(const std::function<void(const std::wstring&)>& print) 
   const platform::DynamicLibrary library;
 #endif
   HtmlEngineSetup engine;
-  engine.start(library, platform::thisModuleHandle());
+  engine.start(library);
   CControlsGalleryDlg dialog(print);
   print(platform::formatWide(L"gallery: closed (%d)\n", dialog.DoModal()));
 }
