@@ -53,7 +53,8 @@ std::vector<unsigned char> regStringData(std::wstring_view textWithNul) {
 
 std::wstring regStringUnits(const std::vector<unsigned char>& data) {
   std::wstring units(data.size() / sizeof(wchar_t), L'\0');
-  std::memcpy(units.data(), data.data(), units.size() * sizeof(wchar_t));
+  // An empty value may have no data buffer at all, which memcpy must not see.
+  if (!units.empty()) std::memcpy(units.data(), data.data(), units.size() * sizeof(wchar_t));
   return units;
 }
 

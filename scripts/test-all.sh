@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Sets the machine up, then builds and runs every test: Linux (debug, and
-# AddressSanitizer with UndefinedBehaviorSanitizer) and the x86_64 Windows
-# build under Wine. The release build (benchmarks, emulator) and the i686
+# AddressSanitizer with UndefinedBehaviorSanitizer), bounded runs of the
+# libFuzzer targets (clang) and the x86_64 Windows build under Wine. The release build (benchmarks, emulator) and the i686
 # Windows build are built too, so that they keep compiling: this machine runs
 # no 32-bit programs. Then the Windows installer packages are made and tested.
 # Ends with one line counting all tests.
@@ -18,7 +18,7 @@ for preset in linux-release mingw-x86; do
   { cmake --preset "$preset" >/dev/null && cmake --build --preset "$preset"; } || status=1
 done
 
-for preset in mingw-x64 linux-asan linux-debug; do
+for preset in mingw-x64 linux-asan linux-debug linux-fuzz; do
   printf '\n== %s\n' "$preset"
   cmake --workflow --preset "$preset" 2>&1 | tee "$logs/$preset.log"
   [ "${PIPESTATUS[0]}" -eq 0 ] || status=1

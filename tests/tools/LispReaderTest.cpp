@@ -49,6 +49,17 @@ TEST(LispReader, NamesTheLineOfEachFaultAndGoesOn) {
   EXPECT_EQ(items[3].error, L"the string is not closed");
 }
 
+TEST(LispReader, PassesOverANulCharacterAndGoesOn) {
+  const auto items = readAll(std::wstring(L"ab\0(c)\n\0\n(d)", 12));
+  ASSERT_EQ(items.size(), 5u);
+  EXPECT_EQ(toLispText(items[0].form), L"ab");
+  EXPECT_EQ(items[1].error, L"a value was expected");
+  EXPECT_EQ(toLispText(items[2].form), L"(c)");
+  EXPECT_EQ(items[3].error, L"a value was expected");
+  EXPECT_EQ(items[3].line, 2);
+  EXPECT_EQ(toLispText(items[4].form), L"(d)");
+}
+
 TEST(LispReader, PrintsRealsAndEmptyListsAsAutoLispDoes) {
   EXPECT_EQ(toLispText(LispValue::fromReal(2.0)), L"2.0");
   EXPECT_EQ(toLispText(LispValue::list({})), L"nil");

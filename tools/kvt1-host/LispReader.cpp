@@ -55,9 +55,12 @@ std::optional<ScriptItem> LispReader::next() {
     return item;
   }
   error_.clear();
+  const std::size_t start = pos_;
   if (!readDatum(item.form)) {
     item.line = errorLine_;
     item.error = error_;
+    // A fault where no value can start (a NUL character) is passed over, so that reading goes on.
+    if (pos_ == start) ++pos_;
   }
   return item;
 }

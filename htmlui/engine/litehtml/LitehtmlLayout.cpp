@@ -49,7 +49,7 @@ int LitehtmlLayout::contentHeight() const { return height_; }
 
 const LitehtmlLayout::Widths& LitehtmlLayout::widths() const {
   if (widths_) return *widths_;
-  widths_.emplace();
+  widths_ = Widths{0, 0};
   if (!document_) return *widths_;
   widths_->min = document_->render(1);
   widths_->max = document_->render(kUnlimitedWidth);
