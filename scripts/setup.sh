@@ -47,14 +47,14 @@ native_packages=(
   zlib1g-dev libjsoncpp-dev libcurl4-openssl-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   fp-utils
-  libpugixml-dev libtinyxml2-dev libxml2-dev clang libclang-rt-14-dev
+  libpugixml-dev libtinyxml2-dev libxml2-dev libxml2-utils clang libclang-rt-14-dev
   libcairo2-dev libpango1.0-dev fonts-dejavu-core
 )
 mingw_packages=(
   g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64-x86-64
   binutils-mingw-w64-i686 mingw-w64-tools libz-mingw-w64-dev
   dpkg-dev wine wine64 fonts-wine
-  msitools wixl osslsigncode libxml2-utils
+  msitools wixl osslsigncode
 )
 
 if [ "$native_only" -eq 1 ]; then
