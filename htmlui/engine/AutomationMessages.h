@@ -28,8 +28,9 @@ struct AutomationQuery {
   bool visible = false;
 };
 
-// lParam: const wchar_t* path. Lays the page out and draws it into a PNG
-// file; answers 1 when the file was written.
+// lParam: const wchar_t* path. Lays the page out and draws the window as its
+// user sees it into a PNG file: the page at the client area's size, in the
+// window's frame and under its caption; answers 1 when the file was written.
 constexpr unsigned kWmAutomationRender = kWmApp + 0x0A11;
 
 // wParam: milliseconds. Moves the engine's clock on: element timers that

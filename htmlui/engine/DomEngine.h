@@ -158,6 +158,9 @@ class DomEngine : public HtmlEngine {
   // provider's picture loader.
   std::vector<unsigned char> pictureData(const std::string& url);
   bool renderPng(HWND hwnd, const std::string& path);
+  // Draws the window as its user sees it (WindowFrame.h) into a PNG file:
+  // the page at the client area's size, in the window's frame and caption.
+  bool renderWindowPng(HWND hwnd, const std::string& path);
 
   // Drops a view (its window is gone); elements in use stay valid, detached.
   void closeView(HWND hwnd);

@@ -146,7 +146,7 @@ LRESULT answerInput(DomEngine& engine, HWND hwnd, UINT msg, WPARAM wParam, LPARA
       return locate(engine, hwnd, reinterpret_cast<AutomationQuery*>(lParam));
     case kWmAutomationRender: {
       const auto* path = reinterpret_cast<const wchar_t*>(lParam);
-      return path != nullptr && engine.renderPng(hwnd, platform::toUtf8(path)) ? 1 : 0;
+      return path != nullptr && engine.renderWindowPng(hwnd, platform::toUtf8(path)) ? 1 : 0;
     }
     case kWmAutomationAdvance:
       engine.tick(static_cast<UINT>(wParam));

@@ -2,8 +2,9 @@
 // layout, each change asks for one repaint, the pointer leaving the window
 // ends the hover, and with a clock set the engine's timers follow real time.
 // On the headless desktop none of this is needed: pictures come from
-// renderPng and the desktop's director moves the clock.
+// renderWindowPng and the desktop's director moves the clock.
 #include "htmlui/engine/DomEngine.h"
+#include "htmlui/engine/WindowFrame.h"
 #include "platform/DialogWindow.h"
 
 namespace kvt1::html {
@@ -72,6 +73,12 @@ bool DomEngine::answerWindow(HWND hwnd, UINT msg, WPARAM wParam, LRESULT& result
     default:
       return false;
   }
+}
+
+bool DomEngine::renderWindowPng(HWND hwnd, const std::string& path) {
+  View* view = findView(hwnd);
+  return view != nullptr && ensureLayout(*view, view->width) &&
+         layout_->renderWindowPng(windowPicture(hwnd, view->width, view->height), path);
 }
 
 }  // namespace kvt1::html

@@ -11,6 +11,17 @@ struct LayoutBox {
   int x = 0, y = 0, width = 0, height = 0;  // border box, relative to the page's top left
 };
 
+// A dialog as its user sees the window: the page in the client area, at the
+// client area's size, inside the frame and under the caption bar that the
+// window's style gives it.
+struct WindowPicture {
+  int clientWidth = 0;
+  int clientHeight = 0;
+  int border = 0;         // the frame's width on every side
+  int captionHeight = 0;  // the caption bar inside the top border; 0: none
+  std::string caption;    // UTF-8
+};
+
 class LayoutProvider {
  public:
   virtual ~LayoutProvider() = default;
@@ -25,6 +36,8 @@ class LayoutProvider {
   virtual int contentHeight() const = 0;  // at the last layout width
   // Draws the last layout (width x contentHeight) into a PNG file.
   virtual bool renderPng(const std::string& path) const = 0;
+  // Draws the last layout into a PNG file as the window shows it.
+  virtual bool renderWindowPng(const WindowPicture& picture, const std::string& path) const = 0;
   // Draws the part area (page coordinates) of the last layout onto the
   // system's drawing context (an HDC on Windows) whose origin is the page's
   // top left; false when there is no layout.

@@ -40,8 +40,20 @@ TEST_F(EmulatorSession, InfoShowsTheAboutBoxUntilItsButtonIsClicked) {
 #ifndef _WIN32
   const html::test::PngPixels pixels(platform::toUtf8(picture));
   ASSERT_TRUE(pixels.valid());
-  EXPECT_EQ(pixels.width(), 420);  // the page's layout element
-  EXPECT_EQ(pixels.at(pixels.width() - 5, 5) & 0xFFFFFF, 0x0B2A4Au);  // the banner
+  // The window as the user sees it: the client area at the size of the
+  // page's layout element, 420 by 300, in a dialog frame of 3 pixels under
+  // the caption bar, which shows the title in white.
+  const int frame = 3;
+  const int caption = 23;
+  EXPECT_EQ(pixels.width(), frame + 420 + frame);
+  EXPECT_EQ(pixels.height(), frame + caption + 300 + frame);
+  int titlePixels = 0;
+  for (int x = frame; x < 80; ++x)
+    for (int y = frame; y < frame + caption; ++y) titlePixels += (pixels.at(x, y) & 0xFFFFFF) == 0xFFFFFFu;
+  EXPECT_GT(titlePixels, 20);
+  EXPECT_EQ(pixels.at(1, 1) & 0xFFFFFF, 0xB4BCC6u);                                 // the frame
+  EXPECT_EQ(pixels.at(pixels.width() - 20, frame + 2) & 0xFFFFFF, 0x1F3A5Fu);       // the caption bar
+  EXPECT_EQ(pixels.at(pixels.width() - 8, frame + caption + 5) & 0xFFFFFF, 0x0B2A4Au);  // the banner
 #endif
 }
 

@@ -62,7 +62,7 @@ TEST_F(EmulatorSession, AMessageDialogIsDrawnAndClosedByAClickOnItsButton) {
 #ifndef _WIN32
   const html::test::PngPixels pixels(platform::toUtf8(picture));
   ASSERT_TRUE(pixels.valid());
-  EXPECT_EQ(pixels.width(), 380);  // the page's layout element
+  EXPECT_EQ(pixels.width(), 3 + 380 + 3);  // the page's layout element in the dialog frame
   std::set<std::uint32_t> colours;
   for (int y = 0; y < pixels.height(); y += 2)
     for (int x = 0; x < pixels.width(); x += 2) colours.insert(pixels.at(x, y));

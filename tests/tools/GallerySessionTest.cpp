@@ -62,10 +62,13 @@ TEST_F(GallerySession, EveryControlAnswersTheUserAndIsDrawnAsItStands) {
   ASSERT_TRUE(start.valid() && menuBar.valid() && contextMenu.valid() && tooltip.valid() && limits.valid())
       << platform::toUtf8(out);
   // The drop-down of "File" under the menu bar; the context menu beside the note.
-  EXPECT_GT(menuBar.differenceIn(start, 0, 22, 120, 90), 0.2);
-  EXPECT_GT(contextMenu.differenceIn(start, 220, 250, 120, 60), 0.2);
+  // Client coordinates lie inside the dialog frame (3 pixels) and under the caption bar (23).
+  const int left = 3;
+  const int top = 3 + 23;
+  EXPECT_GT(menuBar.differenceIn(start, left + 0, top + 22, 120, 90), 0.2);
+  EXPECT_GT(contextMenu.differenceIn(start, left + 220, top + 250, 120, 60), 0.2);
   // The tooltip below the runway length, over the fields under it.
-  EXPECT_GT(tooltip.differenceIn(limits, 150, 190, 200, 16), 0.1);
+  EXPECT_GT(tooltip.differenceIn(limits, left + 150, top + 190, 200, 16), 0.1);
 #endif
 }
 

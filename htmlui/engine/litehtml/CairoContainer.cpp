@@ -52,6 +52,45 @@ bool CairoContainer::paint(litehtml::document& document, std::uintptr_t context,
   return true;
 }
 
+namespace {
+
+void setRgb(cairo_t* cr, std::uint32_t rgb) {
+  cairo_set_source_rgb(cr, ((rgb >> 16) & 0xFF) / 255.0, ((rgb >> 8) & 0xFF) / 255.0, (rgb & 0xFF) / 255.0);
+}
+
+}  // namespace
+
+bool CairoContainer::renderWindowPng(litehtml::document& document, const WindowPicture& picture,
+                                     const std::string& path) {
+  if (picture.clientWidth <= 0 || picture.clientHeight <= 0) return false;
+  const int width = picture.clientWidth + 2 * picture.border;
+  const int height = picture.clientHeight + 2 * picture.border + picture.captionHeight;
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
+  cairo_t* cr = cairo_create(surface);
+  setRgb(cr, kFrameColour);
+  cairo_paint(cr);
+  if (picture.captionHeight > 0) {
+    setRgb(cr, kCaptionColour);
+    cairo_rectangle(cr, picture.border, picture.border, picture.clientWidth, picture.captionHeight);
+    cairo_fill(cr);
+    setRgb(cr, kCaptionTextColour);
+    cairo_select_font_face(cr, "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_BOLD);
+    cairo_set_font_size(cr, 12);
+    cairo_font_extents_t extents;
+    cairo_font_extents(cr, &extents);
+    cairo_move_to(cr, picture.border + kCaptionTextIndent,
+                  picture.border + (picture.captionHeight + extents.ascent - extents.descent) / 2);
+    cairo_show_text(cr, picture.caption.c_str());
+  }
+  cairo_translate(cr, picture.border, picture.border + picture.captionHeight);
+  const bool drawn = paint(document, reinterpret_cast<std::uintptr_t>(cr),
+                           litehtml::position(0, 0, picture.clientWidth, picture.clientHeight));
+  cairo_destroy(cr);
+  const bool written = drawn && cairo_surface_write_to_png(surface, path.c_str()) == CAIRO_STATUS_SUCCESS;
+  cairo_surface_destroy(surface);
+  return written;
+}
+
 bool CairoContainer::renderPng(litehtml::document& document, int width, int height, const std::string& path) {
   if (width <= 0 || height <= 0) return false;
   cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);

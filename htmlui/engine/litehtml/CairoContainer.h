@@ -17,6 +17,7 @@ class CairoContainer final : public PageContainer {
   void setImageLoader(ImageLoader loader) override { images_.setLoader(std::move(loader)); }
   bool paint(litehtml::document& document, std::uintptr_t context, const litehtml::position& area) override;
   bool renderPng(litehtml::document& document, int width, int height, const std::string& path) override;
+  bool renderWindowPng(litehtml::document& document, const WindowPicture& picture, const std::string& path) override;
 
   litehtml::uint_ptr create_font(const char* faceName, int size, int weight, litehtml::font_style italic,
                                  unsigned int decoration, litehtml::font_metrics* fm) override;

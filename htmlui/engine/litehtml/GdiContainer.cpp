@@ -103,6 +103,67 @@ bool GdiContainer::renderPng(litehtml::document& document, int width, int height
   return written;
 }
 
+namespace {
+
+COLORREF gdiColour(std::uint32_t rgb) { return RGB((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF); }
+
+void fill(HDC dc, int left, int top, int width, int height, std::uint32_t rgb) {
+  const RECT box{left, top, left + width, top + height};
+  const HBRUSH brush = CreateSolidBrush(gdiColour(rgb));
+  FillRect(dc, &box, brush);
+  DeleteObject(brush);
+}
+
+}  // namespace
+
+bool GdiContainer::renderWindowPng(litehtml::document& document, const WindowPicture& picture,
+                                   const std::string& path) {
+  if (picture.clientWidth <= 0 || picture.clientHeight <= 0) return false;
+  const int width = picture.clientWidth + 2 * picture.border;
+  const int height = picture.clientHeight + 2 * picture.border + picture.captionHeight;
+  void* pixels = nullptr;
+  const HBITMAP bitmap = createPixelSection(width, height, &pixels);
+  if (!bitmap) return false;
+  const HDC dc = CreateCompatibleDC(nullptr);
+  const HGDIOBJ previous = SelectObject(dc, bitmap);
+  fill(dc, 0, 0, width, height, kFrameColour);
+  if (picture.captionHeight > 0) {
+    fill(dc, picture.border, picture.border, picture.clientWidth, picture.captionHeight, kCaptionColour);
+    const std::wstring caption = platform::fromUtf8(picture.caption);
+    const HGDIOBJ font = SelectObject(dc, GetStockObject(DEFAULT_GUI_FONT));
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, gdiColour(kCaptionTextColour));
+    RECT line{picture.border + kCaptionTextIndent, picture.border, picture.border + picture.clientWidth,
+              picture.border + picture.captionHeight};
+    DrawTextW(dc, caption.c_str(), static_cast<int>(caption.size()), &line, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
+    SelectObject(dc, font);
+  }
+  // The page is drawn at its own origin and then copied into the client area.
+  void* pagePixels = nullptr;
+  const HBITMAP page = createPixelSection(picture.clientWidth, picture.clientHeight, &pagePixels);
+  const HDC pageDc = CreateCompatibleDC(nullptr);
+  const HGDIOBJ pagePrevious = page ? SelectObject(pageDc, page) : nullptr;
+  bool written = page && paint(document, reinterpret_cast<std::uintptr_t>(pageDc),
+                               litehtml::position(0, 0, picture.clientWidth, picture.clientHeight));
+  GdiFlush();
+  if (written) {
+    BitBlt(dc, picture.border, picture.border + picture.captionHeight, picture.clientWidth, picture.clientHeight,
+           pageDc, 0, 0, SRCCOPY);
+    GdiFlush();
+    Gdiplus::Bitmap framed(width, height, width * 4, PixelFormat32bppRGB, static_cast<BYTE*>(pixels));
+    written = framed.GetLastStatus() == Gdiplus::Ok && writePng(framed, path);
+  }
+  if (page) {
+    SelectObject(pageDc, pagePrevious);
+    DeleteObject(page);
+  }
+  DeleteDC(pageDc);
+  SelectObject(dc, previous);
+  DeleteDC(dc);
+  DeleteObject(bitmap);
+  return written;
+}
+
 litehtml::uint_ptr GdiContainer::create_font(const char* faceName, int size, int weight,
                                              litehtml::font_style italic, unsigned int decoration,
                                              litehtml::font_metrics* fm) {

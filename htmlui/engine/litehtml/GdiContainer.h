@@ -24,6 +24,7 @@ class GdiContainer final : public PageContainer {
   // context is an HDC.
   bool paint(litehtml::document& document, std::uintptr_t context, const litehtml::position& area) override;
   bool renderPng(litehtml::document& document, int width, int height, const std::string& path) override;
+  bool renderWindowPng(litehtml::document& document, const WindowPicture& picture, const std::string& path) override;
 
   litehtml::uint_ptr create_font(const char* faceName, int size, int weight, litehtml::font_style italic,
                                  unsigned int decoration, litehtml::font_metrics* fm) override;

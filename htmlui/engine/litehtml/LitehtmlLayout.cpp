@@ -62,6 +62,11 @@ bool LitehtmlLayout::renderPng(const std::string& path) const {
   return container_->renderPng(*document_, width_, std::max(height_, 1), path);
 }
 
+bool LitehtmlLayout::renderWindowPng(const WindowPicture& picture, const std::string& path) const {
+  if (!document_) return false;
+  return container_->renderWindowPng(*document_, picture, path);
+}
+
 bool LitehtmlLayout::paint(std::uintptr_t context, const LayoutBox& area) const {
   if (!document_) return false;
   return container_->paint(*document_, context, litehtml::position(area.x, area.y, area.width, area.height));

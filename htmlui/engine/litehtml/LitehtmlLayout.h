@@ -25,6 +25,7 @@ class LitehtmlLayout final : public LayoutProvider {
   int maxWidth() const override;
   int contentHeight() const override;
   bool renderPng(const std::string& path) const override;
+  bool renderWindowPng(const WindowPicture& picture, const std::string& path) const override;
   bool paint(std::uintptr_t context, const LayoutBox& area) const override;
 
  private:

@@ -6,6 +6,8 @@
 // media) are answered here once.
 #include <litehtml.h>
 
+#include "htmlui/engine/LayoutProvider.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -22,6 +24,11 @@ class PageContainer : public litehtml::document_container {
   static constexpr int kDefaultFontSize = 12;
   // The dialog grey behind everything the page itself leaves transparent.
   static constexpr litehtml::byte kDialogGrey = 0xF0;
+  // The window's frame and caption bar in a picture of the window.
+  static constexpr std::uint32_t kFrameColour = 0xB4BCC6;
+  static constexpr std::uint32_t kCaptionColour = 0x1F3A5F;
+  static constexpr std::uint32_t kCaptionTextColour = 0xFFFFFF;
+  static constexpr int kCaptionTextIndent = 8;
 
   virtual ~PageContainer() = default;
 
@@ -36,6 +43,11 @@ class PageContainer : public litehtml::document_container {
   virtual bool paint(litehtml::document& document, std::uintptr_t context, const litehtml::position& area) = 0;
   // Draws the whole rendered document, width x height pixels, into a PNG file.
   virtual bool renderPng(litehtml::document& document, int width, int height, const std::string& path) = 0;
+  // Draws the rendered document into a PNG file as the window shows it: its
+  // top left part of the client area's size, in the window's frame and
+  // under its caption bar.
+  virtual bool renderWindowPng(litehtml::document& document, const WindowPicture& picture,
+                               const std::string& path) = 0;
 
   int pt_to_px(int pt) const override;
   int get_default_font_size() const override { return kDefaultFontSize; }

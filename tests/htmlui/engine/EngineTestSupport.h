@@ -36,6 +36,7 @@ class BoxLayout : public LayoutProvider {
   int maxWidth() const override { return 0; }
   int contentHeight() const override { return 0; }
   bool renderPng(const std::string&) const override { return false; }
+  bool renderWindowPng(const WindowPicture&, const std::string&) const override { return false; }
   bool paint(std::uintptr_t, const LayoutBox&) const override { return false; }
 
   std::map<int, LayoutBox> boxes;

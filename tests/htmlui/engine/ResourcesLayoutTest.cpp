@@ -120,6 +120,7 @@ class FixedLayout : public LayoutProvider {
   int maxWidth() const override { return 480; }
   int contentHeight() const override { return lastWidth / 2; }
   bool renderPng(const std::string&) const override { return false; }
+  bool renderWindowPng(const WindowPicture&, const std::string&) const override { return false; }
   bool paint(std::uintptr_t, const LayoutBox&) const override { return false; }
 
   std::map<int, LayoutBox> boxes;
