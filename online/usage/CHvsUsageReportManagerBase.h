@@ -12,8 +12,8 @@
 
 #include "online/Clock.h"
 #include "online/usage/CHvUsageReport.h"
-#include "online/usage/UsageReportSending.h"
 #include "online/usage/UsageReportHome.h"
+#include "online/usage/UsageReportSending.h"
 #include "online/usage/UsageReportStore.h"
 
 // The consent dialog's results.
