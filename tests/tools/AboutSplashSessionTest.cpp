@@ -109,12 +109,27 @@ TEST_F(SplashSession, TheSplashOpensAtStartUpAndGoesByItselfWithoutHoldingTheSes
 // would cover it, so it goes before the question opens.
 TEST_F(EmulatorSession, TheSplashGivesWayToTheUsageQuestionAtTheFirstStart) {
   session = std::make_unique<Session>([this](const std::wstring& text) { output += text; });
+  const std::wstring folder = installation.folder() + L"/pictures";
+  session->setRenderFolder(folder);
   platform::HeadlessDesktop& desktop = platform::HeadlessDesktop::local();
   ASSERT_TRUE(session->load(modulePath())) << platform::toUtf8(output);
-  EXPECT_TRUE(contains(output, L"dialog [KVT]: opened\ndialog [Help Improve the KVT Product Experience]: opened\n"))
+  EXPECT_TRUE(contains(output, L"dialog [KVT]: opened\nrendered: " + folder +
+                                   L"/1-KVT.png\ndialog [Help Improve the KVT Product Experience]: opened\n"))
       << platform::toUtf8(output);
   EXPECT_TRUE(desktop.windows().empty());
   EXPECT_EQ(run(L"(kvt1_splash 1)\n"), L"(0)\n");  // nothing left to show
+
+  // The question's window fits its page: no empty band under the buttons,
+  // and the logo's disc sits on the page's own gradient.
+  const html::test::PngPixels question(platform::toUtf8(folder + L"/2-Help Improve the KVT Product Experience.png"));
+  ASSERT_TRUE(question.valid());
+  const int left = 3;
+  const int top = 3 + 23;
+  const int clientHeight = question.height() - top - 3;
+  EXPECT_LT(clientHeight, 500);
+  EXPECT_NE(question.at(question.width() / 2, top + clientHeight - 3) & 0xFFFFFF, 0xF0F0F0u);
+  const int logoLeft = left + 620 - 16 - 64;
+  EXPECT_EQ(question.at(logoLeft + 1, top + 17), question.at(logoLeft - 4, top + 17));
 }
 
 TEST_F(SplashSession, SplashCallsSleepOnlyWhileTheSplashShows) {

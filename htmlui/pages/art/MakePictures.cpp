@@ -305,6 +305,29 @@ bool mark(const std::string& file) {
   return written;
 }
 
+// The usage question's logo: a white plus on a blue disc, on a transparent
+// ground so that the page's gradient shows around the disc.
+bool usageLogo(const std::string& file) {
+  constexpr int kSize = 64;
+  cairo_surface_t* image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, kSize, kSize);
+  cairo_t* cr = cairo_create(image);
+  cairo_arc(cr, kSize / 2.0, kSize / 2.0, kSize / 2.0 - 2, 0, 2 * kPi);
+  cairo_set_source_rgb(cr, 0.16, 0.45, 0.78);
+  cairo_fill_preserve(cr);
+  cairo_set_source_rgb(cr, 0.55, 0.74, 0.93);
+  cairo_set_line_width(cr, 2);
+  cairo_stroke(cr);
+  cairo_rectangle(cr, kSize / 2.0 - 3.5, 14, 7, kSize - 28);
+  cairo_rectangle(cr, 14, kSize / 2.0 - 3.5, kSize - 28, 7);
+  cairo_set_source_rgb(cr, 1.0, 1.0, 1.0);
+  cairo_fill(cr);
+
+  cairo_destroy(cr);
+  const bool written = cairo_surface_write_to_png(image, file.c_str()) == CAIRO_STATUS_SUCCESS;
+  cairo_surface_destroy(image);
+  return written;
+}
+
 // The swatch of a colour item in a menu: a square that the library recolours
 // to the item's colour ("color-schema"), framed in a darker line.
 bool menuColor(const std::string& file) {
@@ -333,7 +356,7 @@ int main(int argc, char** argv) {
   }
   const std::string folder = argv[1];
   return splash(folder + "/IMG_VRMSPLASH.png") && mark(folder + "/IMG_HALVORNMARK.png") &&
-                 menuColor(folder + "/ICON_MENUCOLOR.png")
+                 menuColor(folder + "/ICON_MENUCOLOR.png") && usageLogo(folder + "/IDB_USERREPORTLOGO.png")
              ? 0
              : 1;
 }
