@@ -7,7 +7,6 @@
 
 #include "htmlui/HTMEngine.h"
 #include "htmlui/engine/DomEngine.h"
-#include "platform/ThisModule.h"
 #include "tests/common/BesideProgram.h"
 #include "tests/htmlui/engine/EngineTestSupport.h"
 #include "text/MessageDescription.h"
@@ -30,7 +29,7 @@ TEST(HtmlEngineSetupTest, WithoutTheLibraryOurEngineServesTheDialogsUntilStopped
   ASSERT_FALSE(missing.isLoaded());
   {
     HtmlEngineSetup setup;
-    setup.start(missing, platform::thisModuleHandle());
+    setup.start(missing);
     expectOurEngineWithLayout(setup.engine());
     EXPECT_EQ(GetHtmlEngine(), setup.engine());
     EXPECT_TRUE(messagesAreHtmlDialogs());
@@ -41,7 +40,7 @@ TEST(HtmlEngineSetupTest, WithoutTheLibraryOurEngineServesTheDialogsUntilStopped
     EXPECT_FALSE(messagesAreHtmlDialogs());
     setup.stop();
 
-    setup.start(missing, platform::thisModuleHandle());
+    setup.start(missing);
     EXPECT_NE(GetHtmlEngine(), nullptr);
   }
   // Going away, it leaves nothing behind.
@@ -54,7 +53,7 @@ TEST(HtmlEngineSetupTest, AUsableLibraryIsChosenAndOneLackingAnExportIsNot) {
   const platform::DynamicLibrary library = testing::loadBesideProgram("htmlayout_stub.dll");
   ASSERT_TRUE(library.isLoaded()) << platform::toUtf8(library.error());
   HtmlEngineSetup setup;
-  setup.start(library, platform::thisModuleHandle());
+  setup.start(library);
   ASSERT_NE(setup.engine(), nullptr);
   EXPECT_EQ(dynamic_cast<html::DomEngine*>(setup.engine()), nullptr);
   EXPECT_EQ(GetHtmlEngine(), setup.engine());
@@ -64,7 +63,7 @@ TEST(HtmlEngineSetupTest, AUsableLibraryIsChosenAndOneLackingAnExportIsNot) {
   // Without the element event handlers the library cannot run a dialog.
   const platform::DynamicLibrary partial = testing::loadBesideProgram("htmlayout_stub_noevents.dll");
   ASSERT_TRUE(partial.isLoaded());
-  setup.start(partial, platform::thisModuleHandle());
+  setup.start(partial);
   expectOurEngineWithLayout(setup.engine());
   EXPECT_TRUE(messagesAreHtmlDialogs());
 }
