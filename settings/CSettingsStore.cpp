@@ -3,6 +3,7 @@
 #include <cwchar>
 #include <vector>
 
+#include "platform/FilePath.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
 
@@ -145,7 +146,7 @@ std::wstring CSettingsStore::readOrEmpty(int number) {
 
 std::wstring CSettingsStore::uiFolder() { return readOrEmpty(kSettingDataPath) + L"\\UI\\"; }
 std::wstring CSettingsStore::userFilesFolder() { return readOrEmpty(kSettingDataPath) + L"\\User Files"; }
-std::wstring CSettingsStore::helpFolder() { return readOrEmpty(kSettingDataPath) + L"\\Help"; }
+std::wstring CSettingsStore::helpFolder() { return platform::joinPath(readOrEmpty(kSettingDataPath), L"Help"); }
 std::wstring CSettingsStore::deploymentFolder() { return readOrEmpty(kSettingDeploymentPath); }
 
 }  // namespace kvt1

@@ -4,6 +4,7 @@
 
 #include "host/ProductIdentity.h"
 #include "platform/File.h"
+#include "platform/FilePath.h"
 #include "platform/HtmlHelp.h"
 #include "platform/MessageBox.h"
 #include "settings/CSettingsStore.h"
@@ -26,14 +27,16 @@ bool fileExists(const std::wstring& path) {
 std::wstring helpMapFile(CSettingsStore& settings) {
   std::wstring programPath;
   settings.readString(kSettingProgramPath, programPath);
-  return programPath + L"\\" + productName(kProductNumber) + L"HelpID.csv";
+  return platform::joinPath(programPath, productName(kProductNumber) + L"HelpID.csv");
 }
 
 std::wstring productHelpFile(CSettingsStore& settings) {
-  return settings.helpFolder() + L"\\" + productName(kProductNumber) + L".chm";
+  return platform::joinPath(settings.helpFolder(), productName(kProductNumber) + L".chm");
 }
 
-std::wstring installationHelpFile(CSettingsStore& settings) { return settings.helpFolder() + L"\\installation.chm"; }
+std::wstring installationHelpFile(CSettingsStore& settings) {
+  return platform::joinPath(settings.helpFolder(), L"installation.chm");
+}
 
 void showHelp(CSettingsStore& settings, int id, bool allowInstallationHelp) {
   const bool installation = allowInstallationHelp && id >= 10 && id <= 13;

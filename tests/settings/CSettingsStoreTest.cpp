@@ -39,7 +39,11 @@ TEST(SettingsStore, ReadsMachineValuesAndDerivesFolders) {
   EXPECT_EQ(text, L"ENU");
   EXPECT_EQ(settings.uiFolder(), installation.dataFolder() + L"\\UI\\");
   EXPECT_EQ(settings.userFilesFolder(), installation.dataFolder() + L"\\User Files");
+#ifdef _WIN32
   EXPECT_EQ(settings.helpFolder(), installation.dataFolder() + L"\\Help");
+#else
+  EXPECT_EQ(settings.helpFolder(), installation.dataFolder() + L"/Help");  // joined with the system's separator
+#endif
   EXPECT_EQ(settings.deploymentFolder(), installation.folder() + L"\\Deployment");
   EXPECT_EQ(settings.readString(kSettingTutorials, text), -2);  // not set
   EXPECT_EQ(settings.readString(999, text), -2);                 // no such setting

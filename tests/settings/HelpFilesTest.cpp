@@ -14,12 +14,21 @@
 namespace kvt1 {
 namespace {
 
+// The module joins the installation's folders and its file names with the system's separator.
+#ifdef _WIN32
+#define KVT1_SEP L"\\"
+#else
+#define KVT1_SEP L"/"
+#endif
+
 class HelpFiles : public ::testing::Test {
  protected:
   void SetUp() override {
     testing::headless() = {};
-    productHelp = installation.writeFile(L"Data\\Help\\KVT.chm", "ITSF");
-    installationHelp = installation.writeFile(L"Data\\Help\\installation.chm", "ITSF");
+    installation.writeFile(L"Data\\Help\\KVT.chm", "ITSF");
+    installation.writeFile(L"Data\\Help\\installation.chm", "ITSF");
+    productHelp = installation.dataFolder() + KVT1_SEP L"Help" KVT1_SEP L"KVT.chm";
+    installationHelp = installation.dataFolder() + KVT1_SEP L"Help" KVT1_SEP L"installation.chm";
   }
 
   std::vector<std::wstring>& requests() { return testing::headless().helpRequests; }
@@ -33,7 +42,7 @@ class HelpFiles : public ::testing::Test {
 TEST_F(HelpFiles, NamesTheInstallationsFiles) {
   EXPECT_EQ(productHelpFile(settings), productHelp);
   EXPECT_EQ(installationHelpFile(settings), installationHelp);
-  EXPECT_EQ(helpMapFile(settings), installation.programFolder() + L"\\KVTHelpID.csv");
+  EXPECT_EQ(helpMapFile(settings), installation.programFolder() + KVT1_SEP L"KVTHelpID.csv");
 }
 
 TEST_F(HelpFiles, ShowsAKnownTopic) {
@@ -92,7 +101,8 @@ TEST(HelpFilesAbroad, FindsHelpInFoldersOfAnyNameAndLength) {
   for (const std::wstring& dataFolder : {std::wstring(L"Donn\u00e9es \u00c5r \u0416"), std::wstring(120, L'd')}) {
     testing::headless() = {};
     testing::TestInstallation installation(true, dataFolder);
-    const std::wstring help = installation.writeFile(dataFolder + L"\\Help\\KVT.chm", "ITSF");
+    installation.writeFile(dataFolder + L"\\Help\\KVT.chm", "ITSF");
+    const std::wstring help = installation.dataFolder() + KVT1_SEP L"Help" KVT1_SEP L"KVT.chm";
     CSettingsStore settings;
     showHelp(settings, 0, false);
     EXPECT_TRUE(testing::headless().messages.empty());

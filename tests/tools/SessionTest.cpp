@@ -160,7 +160,13 @@ TEST(EmulatorLoad, KeepsTheUsersOwnDataFolder) {
 
 TEST_F(EmulatorSession, HelpOpensTopicsOrTheContents) {
   installation.writeFile(L"Program\\KVTHelpID.csv", "_debug,,,0\nAirportDialog,kv_airport,airport.htm,10120\n");
-  const std::wstring help = installation.writeFile(L"Data\\Help\\KVT.chm", "ITSF");
+  installation.writeFile(L"Data\\Help\\KVT.chm", "ITSF");
+  // The module joins folders and file names with the system's separator.
+#ifdef _WIN32
+  const std::wstring help = installation.dataFolder() + L"\\Help\\KVT.chm";
+#else
+  const std::wstring help = installation.dataFolder() + L"/Help/KVT.chm";
+#endif
   start();
   EXPECT_EQ(run(L"(kvt1_help \"AirportDialog\")\n(kvt1_help \"NoSuchDialog\")\n"),
             L"HelpMapping; Dialog:AirportDialog  Id:10120\nhelp: topic 10120 of " + help + L"\n(0)\n"
