@@ -67,8 +67,11 @@ TEST_F(PageResourcesTest, APictureThatAStyleSheetNamesIsAskedOfTheDialogAndDrawn
 #ifndef _WIN32
   const html::test::PngPixels pixels(path);
   ASSERT_TRUE(pixels.valid());
-  EXPECT_EQ(pixels.at(24, 16) & 0xFFFFFF, 0xFF0000u);  // inside the picture's box
-  EXPECT_NE(pixels.at(80, 60) & 0xFFFFFF, 0xFF0000u);  // beside it
+  // The client area lies inside the dialog frame (3 pixels) and under the caption bar (23).
+  const int left = 3;
+  const int top = 3 + 23;
+  EXPECT_EQ(pixels.at(left + 24, top + 16) & 0xFFFFFF, 0xFF0000u);  // inside the picture's box
+  EXPECT_NE(pixels.at(left + 80, top + 60) & 0xFFFFFF, 0xFF0000u);  // beside it
 #endif
 }
 
