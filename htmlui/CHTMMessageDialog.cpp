@@ -7,11 +7,14 @@ namespace kvt1 {
 namespace {
 
 // Message texts are plain text: escaped, with their line breaks kept, and
-// free to wrap (unlike a control's text, whose blanks do not break).
+// free to wrap (unlike a control's text, whose blanks do not break), except
+// before a closing mark, which never starts a line alone ("again ?").
 std::wstring messageHtml(const std::wstring& text) {
   std::wstring html = escapeXmlText(text);
   NTxtRes::ReplaceAll(html, L"\r\n", L"<br>");
   NTxtRes::ReplaceAll(html, L"\n", L"<br>");
+  for (const wchar_t* mark : {L"?", L"!", L":", L";"})
+    NTxtRes::ReplaceAll(html, std::wstring(L" ") + mark, std::wstring(L"&nbsp;") + mark);
   return html;
 }
 

@@ -67,7 +67,8 @@ TEST_F(MessageDialogTest, ShowsTheDescriptionAndStoresTheCheckBoxBack) {
   });
   CHTMMsgHandler handler;
   EXPECT_EQ(handler.ShowMessage(message), platform::kIdNo);
-  EXPECT_EQ(info, L"Are you sure you do not want to see these updates again ?");
+  // The question mark stays on the line of its word.
+  EXPECT_EQ(info, L"Are you sure you do not want to see these updates again\u00A0?");
   EXPECT_EQ(yes, L"Yes");
   EXPECT_FALSE(okShown);
   EXPECT_TRUE(message.checkBoxState);
