@@ -14,7 +14,8 @@
 @answer OK
 (kvt1_help "AirportDialog")
 
-; The LISP application has loaded: the splash goes.
+; The LISP application has loaded: it stops the splash, which already gave
+; way to the usage question at the start.
 (kvt1_splash 3 "x")
 
 ; The controls of the dialogs in the emulator's own gallery, each drawn as the
