@@ -68,6 +68,7 @@ Windows Registry Editor Version 5.00
 "DataPath"="$(regpath "$demo/Data")"
 "DeploymentPath"="$(regpath "$demo/Deployment")"
 "CheckUpdateUrl"="127.0.0.1:$port"
+"UsageReportUrl"="http://127.0.0.1:$port/UsageReportService/Upload"
 REG
   "$wine" reg import "$(winpath "$demo/registry/machine.reg")" >/dev/null 2>&1
   "$wine" "$bin/kvt1-host.exe" --echo --render "$(winpath "$demo/dialogs")" --env "$acad" \
@@ -87,6 +88,7 @@ Windows Registry Editor Version 5.00
 "DataPath"="$demo/Data"
 "DeploymentPath"="$demo/Deployment"
 "CheckUpdateUrl"="127.0.0.1:$port"
+"UsageReportUrl"="http://127.0.0.1:$port/UsageReportService/Upload"
 REG
   export XDG_DATA_HOME=$demo/AppData
   build/linux-release/bin/kvt1-host --echo --registry "$demo/registry" --render "$demo/dialogs" --env "$acad" \
