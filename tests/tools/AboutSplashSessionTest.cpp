@@ -31,7 +31,7 @@ TEST_F(EmulatorSession, InfoShowsTheAboutBoxUntilItsButtonIsClicked) {
   start();
   const std::wstring folder = installation.folder() + L"/pictures";
   const std::wstring out = run(L"@render " + folder + L"\n@click OK\n(kvt1_info)\n");
-  const std::wstring picture = folder + L"/1-About.png";
+  const std::wstring picture = folder + kSeparator + L"1-About.png";
   EXPECT_EQ(out.rfind(L"dialog [About]: opened\nrendered: " + picture + L"\ndialog [About]: click OK at (", 0), 0u)
       << platform::toUtf8(out);
   EXPECT_TRUE(contains(out, L")\n(0)\n")) << platform::toUtf8(out);

@@ -50,7 +50,7 @@ TEST_F(EmulatorSession, AnAnswerTakesTheMessageThatTheCallShows) {
 TEST_F(EmulatorSession, AMessageDialogIsDrawnAndClosedByAClickOnItsButton) {
   start();
   const std::wstring folder = installation.folder() + L"/pictures";
-  const std::wstring picture = folder + L"/1-KVT Help.png";
+  const std::wstring picture = folder + kSeparator + L"1-KVT Help.png";
   const std::wstring out = run(L"@render " + folder + L"\n@click btnOk\n(kvt1_help \"x\")\n");
   EXPECT_EQ(out.rfind(L"dialog [KVT Help]: opened\nrendered: " + picture + L"\ndialog [KVT Help]: click btnOk at (",
                       0),
@@ -70,7 +70,7 @@ TEST_F(EmulatorSession, AMessageDialogIsDrawnAndClosedByAClickOnItsButton) {
 #endif
 
   // Later dialogs are numbered on.
-  EXPECT_TRUE(contains(run(L"(kvt1_help \"y\")\n"), L"rendered: " + folder + L"/2-KVT Help.png\n"));
+  EXPECT_TRUE(contains(run(L"(kvt1_help \"y\")\n"), L"rendered: " + folder + kSeparator + L"2-KVT Help.png\n"));
 }
 
 TEST_F(EmulatorSession, UnscriptedDialogsAreClosedUnanswered) {

@@ -19,6 +19,13 @@ inline std::wstring modulePath() {
   return splitModulePath(platform::thisModulePath()).folder + KVT1_TEST_MODULE_NAME;
 }
 
+// The system's folder separator, with which the emulator names its pictures.
+#ifdef _WIN32
+inline const std::wstring kSeparator = L"\\";
+#else
+inline const std::wstring kSeparator = L"/";
+#endif
+
 class EmulatorSession : public ::testing::Test {
  protected:
   void start(const std::wstring& supportPath = L"") {

@@ -5,6 +5,7 @@
 
 #include "htmlui/engine/AutomationMessages.h"
 #include "platform/DialogWindow.h"
+#include "platform/FilePath.h"
 #include "platform/WideFormat.h"
 
 namespace kvt1::emu {
@@ -68,7 +69,7 @@ void DialogDirector::onCreated(HWND window) {
 }
 
 void DialogDirector::render(HWND window, const std::wstring& name, int line) {
-  const std::wstring path = renderFolder_ + L"/" + std::to_wstring(++rendered_) + L"-" + name + L".png";
+  const std::wstring path = platform::joinPath(renderFolder_, std::to_wstring(++rendered_) + L"-" + name + L".png");
   if (platform::sendMessage(window, html::kWmAutomationRender, 0, reinterpret_cast<std::intptr_t>(path.c_str())) ==
       1) {
     print_(L"rendered: " + path + L"\n");
