@@ -81,7 +81,8 @@ void CLispServices::setFunctionHelp(const std::wstring& functionName, const std:
 void CLispServices::openSupportPage() { platform::shellOpen(kSupportPageAddress, platform::kShowMaximized); }
 
 void CLispServices::driveSplash(int code) {
-  if (splash_ == nullptr || !splash_->IsShown()) return;
+  // Only a missing splash makes the call do nothing: a closed one still paces the caller.
+  if (splash_ == nullptr) return;
   if (code == kSplashStop) splash_->StopTimedDisplay();
   platform::pumpPendingMessages();
   sleep_(kSplashSleepMs);
