@@ -1,10 +1,13 @@
 #include "online/usage/CHvsUsageReportManagerBase.h"
 
 #include <algorithm>
+#include <optional>
 #include <system_error>
 
 #include "online/usage/CHvWorkstationGUID.h"
 #include "online/usage/FeatureCodes.h"
+#include "platform/File.h"
+#include "platform/FileLock.h"
 #include "platform/OsVersion.h"
 #include "platform/Registry.h"
 #include "platform/WideFormat.h"
@@ -22,6 +25,10 @@ constexpr std::int64_t kSecondsPerDay = 86400;
 // A first report is stored as if sent 13 days ago: with the default interval
 // the first hand-over falls due one day after first use.
 constexpr std::int64_t kFirstReportAge = 1123200;
+// How long the end of a run waits for another host process's save of the
+// same report. A save takes milliseconds; past this the holder is stuck and
+// the run saves without the lock rather than lose its counts.
+constexpr unsigned kReportLockWaitMs = 2000;
 
 // The login's architecture name is "x86" on every build: the maker's service
 // knows only that name.
@@ -102,6 +109,11 @@ bool CHvsUsageReportManagerBase::EndRun() {
   const std::shared_ptr<Hv::CHvUsageReport> sent = std::move(m_sent);
   if (!m_collecting || !m_report) return true;
   const std::unique_ptr<Hv::CHvUsageReport> run = std::move(m_report);
+  // Host processes of one user share the report: each read-merge-write runs
+  // under their common lock, which lies in the report's folder.
+  kvt1::platform::createFolders(GetReportFolder());
+  const std::optional<kvt1::platform::FileLock> lock =
+      kvt1::platform::FileLock::acquire(run->FilePath() + L".lock", kReportLockWaitMs);
   if (sent && m_sendOutcome != kvt1::usage::SendOutcome::Refused) {
     sent->Merge(*run);
     return SaveStored(*sent);

@@ -2,6 +2,11 @@
 // report, the first save, the merge, the due decision and the send.
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <memory>
+#include <thread>
+#include <vector>
+
 #include "online/JsonText.h"
 #include "online/usage/UsageReportSending.h"
 #include "online/usage/ZlibText.h"
@@ -311,6 +316,36 @@ TEST_F(UsageManager, AReportFolderThatCannotBeCreatedLosesOnlyTheRun) {
   manager.folder = installation.folder() + L"\\Blocked\\Reports";
   run(1);
   EXPECT_EQ(fileBytes(installation.folder() + L"\\Blocked"), "a file");
+}
+
+// Host processes of one user that end their runs at the same moment: each
+// run's counts reach the shared report, none is written over.
+TEST_F(UsageManager, RunsThatEndTogetherAreAllKept) {
+  setConsent(installation, 1);
+  run(1);
+  constexpr int kHosts = 6;
+  constexpr int kRounds = 4;
+  for (int round = 0; round < kRounds; ++round) {
+    std::vector<std::unique_ptr<TestUsageManager>> hosts;
+    for (int i = 0; i < kHosts; ++i) {
+      hosts.push_back(std::make_unique<TestUsageManager>(folder));
+      hosts.back()->now = manager.now + 60;
+      hosts.back()->DecideConsent();
+      hosts.back()->StartRun();
+      hosts.back()->CountFeature(L"Building::Import");
+    }
+    std::atomic<int> ready{0};
+    std::vector<std::thread> ends;
+    for (auto& host : hosts) {
+      ends.emplace_back([&ready, &host] {
+        ++ready;
+        while (ready < kHosts) std::this_thread::yield();
+        host->EndRun();
+      });
+    }
+    for (std::thread& end : ends) end.join();
+  }
+  EXPECT_EQ(counterOf(readStored(path()), L"Count::Building::Import"), 1 + kHosts * kRounds);
 }
 
 }  // namespace
