@@ -20,12 +20,15 @@ struct AutomationRect {
 
 // lParam: AutomationQuery*. Finds the first element of the page that matches
 // selector (a CSS selector); answers 1 and fills rect and visible when there
-// is one, else 0.
+// is one, else 0. Given a text buffer, it also receives the element's text,
+// cut to fit and ending in a NUL.
 constexpr unsigned kWmAutomationLocate = kWmApp + 0x0A10;
 struct AutomationQuery {
   const wchar_t* selector = nullptr;
   AutomationRect rect;
   bool visible = false;
+  wchar_t* text = nullptr;
+  unsigned textCapacity = 0;  // in characters, the NUL included
 };
 
 // lParam: const wchar_t* path. Lays the page out and draws the window as its

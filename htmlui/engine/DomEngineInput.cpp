@@ -1,5 +1,6 @@
 #include "htmlui/engine/DomEngineInput.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -89,6 +90,10 @@ BOOL HLCALLBACK takeFirst(HELEMENT he, LPVOID param) {
   return TRUE;
 }
 
+VOID HLCALLBACK appendText(LPCWSTR text, UINT length, LPVOID param) {
+  static_cast<std::wstring*>(param)->append(text, length);
+}
+
 LRESULT locate(DomEngine& engine, HWND hwnd, AutomationQuery* query) {
   HELEMENT root = nullptr;
   if (query == nullptr || query->selector == nullptr || engine.GetRootElement(hwnd, &root) != HLDOM_OK ||
@@ -102,6 +107,13 @@ LRESULT locate(DomEngine& engine, HWND hwnd, AutomationQuery* query) {
   engine.IsElementVisible(match.he, &visible);
   query->rect = AutomationRect{box.left, box.top, box.right, box.bottom};
   query->visible = visible != FALSE && box.right > box.left && box.bottom > box.top;
+  if (query->text != nullptr && query->textCapacity > 0) {
+    std::wstring text;
+    engine.GetElementInnerTextCB(match.he, &appendText, &text);
+    const std::size_t length = std::min<std::size_t>(text.size(), query->textCapacity - 1);
+    text.copy(query->text, length);
+    query->text[length] = L'\0';
+  }
   return 1;
 }
 

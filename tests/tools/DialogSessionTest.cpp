@@ -5,6 +5,8 @@
 
 #include <set>
 
+#include "settings/CSettingsStore.h"
+#include "settings/HelpFiles.h"
 #include "tests/tools/EmulatorSession.h"
 #ifndef _WIN32
 #include "platform/posix/HeadlessDesktop.h"
@@ -13,6 +15,12 @@
 
 namespace kvt1::emu {
 namespace {
+
+// The message dialog's line for the missing help file of the session's installation.
+std::wstring missingHelpLine() {
+  CSettingsStore settings;
+  return L"dialog [KVT Help]: Product help file '" + productHelpFile(settings) + L"[0]' was not found\n";
+}
 
 bool contains(const std::wstring& text, const std::wstring& part) { return text.find(part) != std::wstring::npos; }
 
@@ -41,7 +49,8 @@ TEST_F(EmulatorSession, BadDirectivesAreFaultsOfTheirLines) {
 TEST_F(EmulatorSession, AnAnswerTakesTheMessageThatTheCallShows) {
   start();
   const std::wstring out = run(L"@answer OK\n(kvt1_help \"x\")\n");
-  EXPECT_EQ(out.rfind(L"dialog [KVT Help]: opened\ndialog [KVT Help]: answer OK at (", 0), 0u) << platform::toUtf8(out);
+  EXPECT_EQ(out.rfind(L"dialog [KVT Help]: opened\n" + missingHelpLine() + L"dialog [KVT Help]: answer OK at (", 0), 0u)
+      << platform::toUtf8(out);
   EXPECT_FALSE(contains(out, L"closed unanswered")) << platform::toUtf8(out);
   EXPECT_TRUE(contains(out, L")\n(0)\n")) << platform::toUtf8(out);
   EXPECT_EQ(session->faults(), 0);
@@ -52,7 +61,8 @@ TEST_F(EmulatorSession, AMessageDialogIsDrawnAndClosedByAClickOnItsButton) {
   const std::wstring folder = installation.folder() + L"/pictures";
   const std::wstring picture = folder + kSeparator + L"1-KVT Help.png";
   const std::wstring out = run(L"@render " + folder + L"\n@click btnOk\n(kvt1_help \"x\")\n");
-  EXPECT_EQ(out.rfind(L"dialog [KVT Help]: opened\nrendered: " + picture + L"\ndialog [KVT Help]: click btnOk at (",
+  EXPECT_EQ(out.rfind(L"dialog [KVT Help]: opened\n" + missingHelpLine() + L"rendered: " + picture +
+                          L"\ndialog [KVT Help]: click btnOk at (",
                       0),
             0u)
       << platform::toUtf8(out);
@@ -73,15 +83,17 @@ TEST_F(EmulatorSession, AMessageDialogIsDrawnAndClosedByAClickOnItsButton) {
   EXPECT_TRUE(contains(run(L"(kvt1_help \"y\")\n"), L"rendered: " + folder + kSeparator + L"2-KVT Help.png\n"));
 }
 
+// A message dialog's text is printed as its user reads it.
 TEST_F(EmulatorSession, UnscriptedDialogsAreClosedUnanswered) {
   start();
-  EXPECT_EQ(run(L"(kvt1_help \"x\")\n"), L"dialog [KVT Help]: opened\ndialog [KVT Help]: closed unanswered\n(0)\n");
+  EXPECT_EQ(run(L"(kvt1_help \"x\")\n"),
+            L"dialog [KVT Help]: opened\n" + missingHelpLine() + L"dialog [KVT Help]: closed unanswered\n(0)\n");
 }
 
 TEST_F(EmulatorSession, ClicksBesideButtonsAndOnHiddenOnesCloseNothing) {
   start();
   EXPECT_EQ(run(L"@click-at 2 2\n@answer YES\n(kvt1_help \"x\")\n"),
-            L"dialog [KVT Help]: opened\n"
+            L"dialog [KVT Help]: opened\n" + missingHelpLine() +
             L"dialog [KVT Help]: click at (2,2)\n"
             L"; error: line 2: @answer YES: [name='YES'] is not visible in dialog [KVT Help]\n"
             L"dialog [KVT Help]: closed unanswered\n"
@@ -95,7 +107,7 @@ TEST_F(EmulatorSession, AWaitLetsTheDesktopClockRunBeforeTheNextAction) {
   const std::uint64_t before = platform::HeadlessDesktop::local().now();
   const std::wstring out = run(L"@wait 250\n@click-selector div.buttons button[name='OK']\n(kvt1_help \"x\")\n");
   EXPECT_EQ(platform::HeadlessDesktop::local().now() - before, 250u);
-  EXPECT_EQ(out.rfind(L"dialog [KVT Help]: opened\ndialog [KVT Help]: wait 250 ms\n"
+  EXPECT_EQ(out.rfind(L"dialog [KVT Help]: opened\n" + missingHelpLine() + L"dialog [KVT Help]: wait 250 ms\n"
                       L"dialog [KVT Help]: click-selector div.buttons button[name='OK'] at (",
                       0),
             0u)

@@ -13,6 +13,9 @@ namespace {
 
 DialogDirector* g_current = nullptr;
 
+// The longest message text printed whole.
+constexpr unsigned kMessageTextCapacity = 4096;
+
 // Whether a message box of that type (its low four bits name the buttons) offers the answer.
 bool offers(unsigned type, int answer) {
   switch (type & 0xF) {
@@ -65,6 +68,16 @@ std::wstring DialogDirector::label(HWND dialog) const { return L"dialog [" + tit
 void DialogDirector::onCreated(HWND window) {
   if (!isTopLevelDialog(window)) return;
   print_(label(window) + L": opened\n");
+  // A message dialog's text, as its user reads it, before its picture.
+  wchar_t text[kMessageTextCapacity] = {};
+  html::AutomationQuery message;
+  message.selector = L"#txtInfo";
+  message.text = text;
+  message.textCapacity = kMessageTextCapacity;
+  if (platform::sendMessage(window, html::kWmAutomationLocate, 0, reinterpret_cast<std::intptr_t>(&message)) == 1 &&
+      text[0] != L'\0') {
+    print_(label(window) + L": " + text + L"\n");
+  }
   if (!renderFolder_.empty()) render(window, fileNamePart(title(window)), renderLine_);
 }
 

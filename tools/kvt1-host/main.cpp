@@ -50,6 +50,7 @@ const wchar_t kUsage[] =
     L"                      and caption), and prints \"rendered: PATH\"\n"
     L"  @snapshot NAME      draws the waiting dialog as it is now into\n"
     L"                      DIR/N-NAME.png\n"
+    L"A message dialog prints its text when it opens, as a message box does.\n"
     L"A dialog with nothing left to play is closed (\"closed unanswered\").\n"
     L"Dialog lines that no dialog took during a call go, after it, to a dialog\n"
     L"that stays open without waiting (the splash: @click clickArea), which\n"

@@ -207,6 +207,16 @@ TEST_F(InputTest, AutomationLocatesElementsBySelector) {
   EXPECT_EQ(query.rect.bottom, 34);
   EXPECT_TRUE(query.visible);
 
+  // The element's text, cut to the buffer.
+  wchar_t text[4] = {L'x', L'x', L'x', L'x'};
+  query.text = text;
+  query.textCapacity = 4;
+  ASSERT_EQ(send(kWmAutomationLocate, 0, reinterpret_cast<LPARAM>(&query)), 1);
+  EXPECT_STREQ(text, L"OK");
+  query.textCapacity = 2;
+  ASSERT_EQ(send(kWmAutomationLocate, 0, reinterpret_cast<LPARAM>(&query)), 1);
+  EXPECT_STREQ(text, L"O");
+
   AutomationQuery hidden;
   hidden.selector = L"#gone";
   ASSERT_EQ(send(kWmAutomationLocate, 0, reinterpret_cast<LPARAM>(&hidden)), 1);
