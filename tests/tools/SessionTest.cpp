@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #ifdef _WIN32
 #include <windows.h>
 #else
@@ -9,6 +11,7 @@
 #include "platform/File.h"
 #include "platform/Registry.h"
 #include "settings/CSettingsStore.h"
+#include "settings/HelpFiles.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
 #include "tests/tools/EmulatorSession.h"
@@ -156,6 +159,20 @@ TEST(EmulatorLoad, KeepsTheUsersOwnDataFolder) {
       EXPECT_EQ(stored, value) << c.what;
     }
   }
+}
+
+// A UTF-8 map with a byte order mark and a NUL line: every record is found,
+// the first one too, and names compare in lower case beyond A-Z.
+TEST_F(EmulatorSession, HelpFindsEveryRecordOfAnyMap) {
+  installation.writeFile(L"Program\\KVTHelpID.csv",
+                         "\xEF\xBB\xBF\xC3\x84rgerDlg,kv_aerger,aerger.htm,10130\n" + std::string(1, '\0') +
+                             "\nAirportDialog,kv_airport,airport.htm,10120\n");
+  installation.writeFile(L"Data\\Help\\KVT.chm", "ITSF");
+  start();
+  CSettingsStore settings;
+  const std::wstring help = productHelpFile(settings);
+  EXPECT_EQ(run(L"(kvt1_help \"\u00e4rgerdlg\")\n(kvt1_help \"AIRPORTDIALOG\")\n"),
+            L"help: topic 10130 of " + help + L"\n(0)\nhelp: topic 10120 of " + help + L"\n(0)\n");
 }
 
 TEST_F(EmulatorSession, HelpOpensTopicsOrTheContents) {
