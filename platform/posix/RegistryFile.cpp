@@ -67,6 +67,7 @@ int readRegistryFile(const std::string& path, std::string& bytes, RegistryFileSt
   if (descriptor < 0) return errno == ENOENT ? 0 : errno;
   struct stat status {};
   int failure = ::fstat(descriptor, &status) == 0 ? 0 : errno;
+  if (failure == 0 && status.st_size > kMaxRegistryFileBytes) failure = EFBIG;
   std::vector<char> buffer(64 * 1024);
   while (failure == 0) {
     const ssize_t count = ::read(descriptor, buffer.data(), buffer.size());
@@ -74,6 +75,7 @@ int readRegistryFile(const std::string& path, std::string& bytes, RegistryFileSt
     if (count < 0) failure = errno;
     if (count <= 0) break;
     bytes.append(buffer.data(), static_cast<std::size_t>(count));
+    if (bytes.size() > static_cast<std::size_t>(kMaxRegistryFileBytes)) failure = EFBIG;  // grew while read
   }
   ::close(descriptor);
   if (failure == 0) stamp = stampOf(status);

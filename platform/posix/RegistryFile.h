@@ -23,8 +23,12 @@ struct RegistryFileStamp {
 
 RegistryFileStamp registryFileStamp(const std::string& path);
 
+// The largest registry file read: the product's keys take a few kilobytes.
+constexpr off_t kMaxRegistryFileBytes = 16 << 20;
+
 // The whole file and its stamp. A missing file reads as empty with
-// stamp.exists false; 0 or the errno of the failure.
+// stamp.exists false; 0 or the errno of the failure (EFBIG for a file
+// beyond kMaxRegistryFileBytes).
 int readRegistryFile(const std::string& path, std::string& bytes, RegistryFileStamp& stamp);
 
 // Writes a temporary file in the same folder (created when missing), flushes

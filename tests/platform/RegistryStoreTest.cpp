@@ -14,6 +14,7 @@
 
 #include "platform/RegFileData.h"
 #include "platform/Unicode.h"
+#include "platform/posix/RegistryFile.h"
 #include "tests/platform/RegistryTestSupport.h"
 
 namespace kvt1::platform {
@@ -215,6 +216,19 @@ TEST_F(RegistryStoreTest, BrokenFilesAreReportedAndNeverOverwritten) {
   RegistryKey a;
   ASSERT_EQ(RegistryKey::open(RegistryRoot::CurrentUser, L"A", RegistryAccess::Full, a), kRegSuccess);
   EXPECT_EQ(setString(a, L"Kept", L"again"), kRegSuccess);
+}
+
+TEST_F(RegistryStoreTest, AFileBeyondTheSizeBoundIsReportedAndNeverOverwritten) {
+  const std::string huge = goodFile() + std::string(kMaxRegistryFileBytes, ' ');
+  writeBytes(userFile(), huge);
+  RegistryStore::instance().reset();
+  testing::internal::CaptureStderr();
+  RegistryKey created;
+  EXPECT_EQ(RegistryKey::create(RegistryRoot::CurrentUser, L"C", RegistryAccess::Full, created), kRegAccessDenied);
+  const std::string report = testing::internal::GetCapturedStderr();
+  EXPECT_NE(report.find(userFile().string()), std::string::npos) << report;
+  EXPECT_NE(report.find("too large"), std::string::npos) << report;
+  EXPECT_EQ(readBytes(userFile()), huge);
 }
 
 TEST_F(RegistryStoreTest, FailedSaveLeavesThePreviousFile) {

@@ -68,6 +68,10 @@ TEST(HelpTopicMap, MissingFilesAndLongLines) {
   map.load(installation.folder() + L"\\none.csv");
   EXPECT_TRUE(map.records().empty());
 
+  // A file beyond any map's size is no map: nothing is read from it.
+  map.load(installation.writeFile(L"huge.csv", "Main,kv_main,m.htm,1\n" + std::string(16 << 20, ' ')));
+  EXPECT_TRUE(map.records().empty());
+
   const std::string longTopic(5000, 't');
   map.load(installation.writeFile(L"long.csv", "Long,kv_long," + longTopic + ",7\nNext,kv_next,next.htm,8\n"));
   ASSERT_EQ(map.records().size(), 2u);
