@@ -15,26 +15,6 @@ bool writeAll(std::FILE* file, std::string_view bytes) {
   return std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
 }
 
-// The whole file, or false when it cannot be read or exceeds the limit.
-bool readFile(const std::wstring& path, std::string& bytes) {
-  std::FILE* file = platform::openFile(path, "rb");
-  if (!file) return false;
-  std::string content;
-  char chunk[64 * 1024];
-  bool ok = true;
-  for (std::size_t got; (got = std::fread(chunk, 1, sizeof chunk, file)) > 0;) {
-    if (content.size() + got > kMaxReportBytes) {
-      ok = false;
-      break;
-    }
-    content.append(chunk, got);
-  }
-  ok = ok && !std::ferror(file);
-  std::fclose(file);
-  if (ok) bytes.swap(content);
-  return ok;
-}
-
 // True unless the file at path exists and cannot be opened for writing.
 bool writable(const std::wstring& path) {
   if (!platform::fileExists(path)) return true;
@@ -85,7 +65,7 @@ UsageReportStore::UsageReportStore(WriteStep write) : m_write(std::move(write)) 
 ReportLoad UsageReportStore::Load(const std::wstring& path, Hv::CHvUsageReport& report) const {
   if (!platform::fileExists(path)) return ReportLoad::Missing;
   std::string bytes;
-  if (!readFile(path, bytes)) return ReportLoad::Unreadable;
+  if (!platform::readWholeFile(path, kMaxReportBytes, bytes)) return ReportLoad::Unreadable;
   if (!readReportFileBytes(bytes, report)) return ReportLoad::Unreadable;
   report.SetFilePath(path);
   return ReportLoad::Loaded;

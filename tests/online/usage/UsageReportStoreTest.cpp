@@ -80,6 +80,8 @@ TEST_F(UsageReportStoreTest, WhatIsNoReportIsUnreadableAndLeftAlone) {
       R"({"UsageReport":{"VER":2,"LastSend":5}})",              // a newer format
       usage::deflateText(R"({"UsageReport":{"VER":2}})"),
       std::string(100, '[') ,                                  // unfinished JSON
+      usage::reportFileText(report) + std::string(usage::kMaxReportBytes, ' '),  // beyond the size bound
+      usage::deflateText(usage::reportFileText(report) + std::string(usage::kMaxReportBytes, ' ')),  // inflates beyond it
   };
   for (const std::string& bytes : bad) {
     writeBytes(path, bytes);
