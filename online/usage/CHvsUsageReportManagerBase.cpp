@@ -200,7 +200,7 @@ void CHvsUsageReportManagerBase::StartSendingIfDue() {
 }
 
 kvt1::usage::UsageReportHome CHvsUsageReportManagerBase::Home(const std::wstring& path) {
-  return kvt1::usage::UsageReportHome(m_store, path, GetProductKeyPath(), SaveCompressed());
+  return kvt1::usage::UsageReportHome(path, GetProductKeyPath(), SaveCompressed());
 }
 
 bool CHvsUsageReportManagerBase::SaveStored(const Hv::CHvUsageReport& report) {

@@ -81,7 +81,6 @@ class CHvsUsageReportManagerBase {
   const Hv::CHvUsageReport* GetReport() const { return m_report.get(); }
 
   void SetClock(kvt1::Clock clock) { m_clock = std::move(clock); }
-  void SetStore(kvt1::usage::UsageReportStore store) { m_store = std::move(store); }
 
  private:
   std::uint32_t Now() const { return static_cast<std::uint32_t>(m_clock()); }
@@ -100,5 +99,4 @@ class CHvsUsageReportManagerBase {
   std::shared_ptr<Hv::CHvUsageReport> m_sent;
   std::atomic<kvt1::usage::SendOutcome> m_sendOutcome{kvt1::usage::SendOutcome::Refused};
   kvt1::Clock m_clock = kvt1::systemSeconds;
-  kvt1::usage::UsageReportStore m_store;
 };

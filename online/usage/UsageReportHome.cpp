@@ -21,10 +21,8 @@ std::wstring folderOf(const std::wstring& path) {
 
 }  // namespace
 
-UsageReportHome::UsageReportHome(UsageReportStore store, std::wstring path, std::wstring productKeyPath,
-                                 bool compressed)
-    : m_store(std::move(store)), m_path(std::move(path)), m_keyPath(std::move(productKeyPath)),
-      m_compressed(compressed) {}
+UsageReportHome::UsageReportHome(std::wstring path, std::wstring productKeyPath, bool compressed)
+    : m_path(std::move(path)), m_keyPath(std::move(productKeyPath)), m_compressed(compressed) {}
 
 ReportLoad UsageReportHome::Load(Hv::CHvUsageReport& report) const {
   if (ReadPending(report)) {

@@ -17,7 +17,7 @@ enum class ReportSaved { File, Registry, Nowhere };
 
 class UsageReportHome {
  public:
-  UsageReportHome(UsageReportStore store, std::wstring path, std::wstring productKeyPath, bool compressed);
+  UsageReportHome(std::wstring path, std::wstring productKeyPath, bool compressed);
 
   // The registry's copy when there is one, else the file. The report's file
   // path is set in both cases.

@@ -6,14 +6,12 @@
 #include "online/usage/ZlibText.h"
 #include "platform/File.h"
 #include "platform/FileSystem.h"
+#include "platform/SaveFaults.h"
 #include "platform/WideFormat.h"
 
 namespace kvt1::usage {
 namespace {
 
-bool writeAll(std::FILE* file, std::string_view bytes) {
-  return std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-}
 
 // True unless the file at path exists and cannot be opened for writing.
 bool writable(const std::wstring& path) {
@@ -58,9 +56,7 @@ bool readReportFileBytes(std::string_view bytes, Hv::CHvUsageReport& report) {
                                                    : readReportFileText(bytes, report);
 }
 
-UsageReportStore::UsageReportStore() : m_write(writeAll) {}
 
-UsageReportStore::UsageReportStore(WriteStep write) : m_write(std::move(write)) {}
 
 ReportLoad UsageReportStore::Load(const std::wstring& path, Hv::CHvUsageReport& report) const {
   if (!platform::fileExists(path)) return ReportLoad::Missing;
@@ -78,7 +74,7 @@ bool UsageReportStore::Save(const std::wstring& path, const Hv::CHvUsageReport& 
   const std::wstring temporary = temporaryPath(path);
   std::FILE* file = platform::openFile(temporary, "wb");
   if (!file) return false;
-  const bool written = m_write(file, bytes) && platform::flushToDisk(file);
+  const bool written = platform::writeAll(file, bytes) && platform::flushToDisk(file);
   const bool closed = std::fclose(file) == 0;
   if (written && closed && platform::replaceFile(temporary, path)) return true;
   platform::removeFile(temporary);

@@ -4,8 +4,6 @@
 // temporary file beside the report that is flushed to disk and then moved
 // over it, so a crash or a full disk at any point leaves the previous report
 // whole.
-#include <cstdio>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -32,13 +30,6 @@ bool readReportFileBytes(std::string_view bytes, Hv::CHvUsageReport& report);
 
 class UsageReportStore {
  public:
-  // Writes all bytes to the open file; false when it could not. The step
-  // where a save meets a full disk, and where tests make it fail.
-  using WriteStep = std::function<bool(std::FILE* file, std::string_view bytes)>;
-
-  UsageReportStore();
-  explicit UsageReportStore(WriteStep write);
-
   // Unreadable: the file exists but is neither a valid zlib stream of a
   // report nor a plain report (or could not be read at all).
   ReportLoad Load(const std::wstring& path, Hv::CHvUsageReport& report) const;
@@ -48,9 +39,6 @@ class UsageReportStore {
   // Moves the file at path to "<path>.unreadable" (then "-2", "-3", ... up to
   // "-99"), never over another file. The new path; empty when none was free.
   std::wstring KeepAside(const std::wstring& path) const;
-
- private:
-  WriteStep m_write;
 };
 
 }  // namespace kvt1::usage

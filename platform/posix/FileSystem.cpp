@@ -6,6 +6,7 @@
 
 #include <cstdio>
 
+#include "platform/SaveFaults.h"
 #include "platform/posix/NativePath.h"
 
 namespace kvt1::platform {
@@ -23,9 +24,13 @@ void flushFolderOf(const std::string& path) {
 
 }  // namespace
 
-bool flushToDisk(std::FILE* file) { return std::fflush(file) == 0 && ::fsync(fileno(file)) == 0; }
+bool flushToDisk(std::FILE* file) {
+  if (saveFaultFires(SaveStep::Flush)) return false;
+  return std::fflush(file) == 0 && ::fsync(fileno(file)) == 0;
+}
 
 bool replaceFile(const std::wstring& source, const std::wstring& target) {
+  if (saveFaultFires(SaveStep::Replace)) return false;
   const std::string to = nativePath(target);
   if (std::rename(nativePath(source).c_str(), to.c_str()) != 0) return false;
   flushFolderOf(to);

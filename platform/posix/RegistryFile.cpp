@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/File.h"
+#include "platform/SaveFaults.h"
 #include "platform/Unicode.h"
 
 namespace kvt1::platform {
@@ -29,6 +30,11 @@ std::string folderOf(const std::string& path) {
 }
 
 bool writeAll(int descriptor, const std::string& bytes) {
+  if (saveFaultFires(SaveStep::Write)) {
+    (void)!::write(descriptor, bytes.data(), bytes.size() / 2);
+    errno = ENOSPC;
+    return false;
+  }
   std::size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t written = ::write(descriptor, bytes.data() + done, bytes.size() - done);
@@ -91,10 +97,12 @@ int replaceRegistryFile(const std::string& path, const std::string& bytes, Regis
   struct stat status {};
   int failure = 0;
   errno = 0;
-  if (!writeAll(descriptor, bytes) || ::fsync(descriptor) != 0 || ::fstat(descriptor, &status) != 0) {
+  if (!writeAll(descriptor, bytes) || saveFaultFires(SaveStep::Flush) || ::fsync(descriptor) != 0 ||
+      ::fstat(descriptor, &status) != 0) {
     failure = errno != 0 ? errno : EIO;
   }
   if (::close(descriptor) != 0 && failure == 0) failure = errno;
+  if (failure == 0 && saveFaultFires(SaveStep::Replace)) failure = EIO;
   if (failure == 0 && ::rename(temporary.c_str(), path.c_str()) != 0) failure = errno;
   if (failure != 0) {
     ::unlink(temporary.c_str());

@@ -3,11 +3,17 @@
 #include <io.h>
 #include <windows.h>
 
+#include "platform/SaveFaults.h"
+
 namespace kvt1::platform {
 
-bool flushToDisk(std::FILE* file) { return std::fflush(file) == 0 && _commit(_fileno(file)) == 0; }
+bool flushToDisk(std::FILE* file) {
+  if (saveFaultFires(SaveStep::Flush)) return false;
+  return std::fflush(file) == 0 && _commit(_fileno(file)) == 0;
+}
 
 bool replaceFile(const std::wstring& source, const std::wstring& target) {
+  if (saveFaultFires(SaveStep::Replace)) return false;
   return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 

@@ -13,6 +13,7 @@
 #include <cstdlib>
 
 #include "platform/RegFileData.h"
+#include "platform/SaveFaults.h"
 #include "platform/Unicode.h"
 #include "platform/posix/RegistryFile.h"
 #include "tests/platform/RegistryTestSupport.h"
@@ -256,6 +257,24 @@ TEST_F(RegistryStoreTest, FailedSaveLeavesThePreviousFile) {
 
   ASSERT_EQ(key.setValue(L"Large", kRegBinary, large.data(), static_cast<std::uint32_t>(large.size())), kRegSuccess);
   EXPECT_EQ(queryWhole(key, L"Large").data, large);
+}
+
+// A save that fails at any step (a full disk, a flush, the replace) is
+// reported, undone in memory, and leaves the previous file as it was.
+TEST_F(RegistryStoreTest, ASaveThatFailsAtAnyStepLeavesThePreviousFile) {
+  RegistryKey key;
+  ASSERT_EQ(RegistryKey::create(RegistryRoot::CurrentUser, kProductKey, RegistryAccess::Full, key), kRegSuccess);
+  ASSERT_EQ(setString(key, L"DataPath", L"/data"), kRegSuccess);
+  const std::string before = readBytes(userFile());
+  for (const SaveStep step : {SaveStep::Write, SaveStep::Flush, SaveStep::Replace}) {
+    armSaveFault(step);
+    EXPECT_EQ(setString(key, L"DataPath", L"/elsewhere"), kRegIoFailed) << static_cast<int>(step);
+    disarmSaveFaults();
+    EXPECT_EQ(readBytes(userFile()), before);
+    EXPECT_EQ(filesIn(folder_.path()), std::vector<std::string>{"HKEY_CURRENT_USER.reg"});
+    EXPECT_EQ(queryWhole(key, L"DataPath").data, regStringData(std::wstring(L"/data", 6)));
+  }
+  EXPECT_EQ(setString(key, L"DataPath", L"/elsewhere"), kRegSuccess);
 }
 
 TEST_F(RegistryStoreTest, SeesTheSavesOfAnotherProcess) {

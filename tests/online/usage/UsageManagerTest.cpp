@@ -281,7 +281,7 @@ TEST_F(UsageManager, WhileTheFileCannotBeSavedTheReportLivesInTheRegistry) {
   setConsent(installation, 1);
   run(1);
   const std::string before = fileBytes(path());
-  manager.SetStore(usage::UsageReportStore([](std::FILE*, std::string_view) { return false; }));
+  makeFolderReadOnly(folder, true);
   manager.now += 60;
   run(5);
   EXPECT_EQ(fileBytes(path()), before);
@@ -296,7 +296,7 @@ TEST_F(UsageManager, WhileTheFileCannotBeSavedTheReportLivesInTheRegistry) {
   EXPECT_EQ(fileBytes(path()), before);
 
   // Once the file can be saved it holds everything, and the registry's copy is gone.
-  manager.SetStore(usage::UsageReportStore());
+  makeFolderReadOnly(folder, false);
   manager.now += 60;
   run(1);
   EXPECT_EQ(manager.sent.size(), 1u);

@@ -6,6 +6,7 @@
 
 #include "online/usage/UsageReportStore.h"
 #include "online/usage/ZlibText.h"
+#include "platform/SaveFaults.h"
 #include "platform/Unicode.h"
 #include "tests/common/TestInstallation.h"
 #include "tests/online/usage/UsageTestSupport.h"
@@ -101,22 +102,26 @@ TEST_F(UsageReportStoreTest, KeepingAsideNeverOverwrites) {
   EXPECT_EQ(store.KeepAside(path), L"");  // nothing left to move
 }
 
-TEST_F(UsageReportStoreTest, ASaveThatFailsPartWayLeavesThePreviousReport) {
+// A full disk, a flush that fails, a target that cannot be replaced: the
+// save says so, and the report it would replace stays whole and readable.
+TEST_F(UsageReportStoreTest, ASaveThatFailsAtAnyStepLeavesThePreviousReport) {
   ASSERT_TRUE(UsageReportStore().Save(path, report, true));
   const std::string before = fileBytes(path);
-
   Hv::CHvUsageReport bigger = report;
   bigger.AddCount(L"Count::Regulation::FAA", 1);
-  // Half the bytes reach the disk, then it is full.
-  const UsageReportStore failing([](std::FILE* file, std::string_view bytes) {
-    std::fwrite(bytes.data(), 1, bytes.size() / 2, file);
-    return false;
-  });
-  EXPECT_FALSE(failing.Save(path, bigger, true));
-  EXPECT_FALSE(failing.Save(path, bigger, false));
-  EXPECT_EQ(fileBytes(path), before);
-  EXPECT_EQ(folderEntries(installation.folder() + L"\\Reports"),
-            (std::vector<std::string>{"UsageReport_0_30.rpt", "keep"}));
+  for (const platform::SaveStep step : {platform::SaveStep::Write, platform::SaveStep::Flush, platform::SaveStep::Replace}) {
+    for (const bool compressed : {true, false}) {
+      platform::armSaveFault(step);
+      EXPECT_FALSE(UsageReportStore().Save(path, bigger, compressed)) << static_cast<int>(step);
+      platform::disarmSaveFaults();
+      EXPECT_EQ(fileBytes(path), before);
+      Hv::CHvUsageReport read;
+      EXPECT_EQ(UsageReportStore().Load(path, read), ReportLoad::Loaded);
+      EXPECT_EQ(folderEntries(installation.folder() + L"\\Reports"),
+                (std::vector<std::string>{"UsageReport_0_30.rpt", "keep"}));
+    }
+  }
+  EXPECT_TRUE(UsageReportStore().Save(path, bigger, true));  // the next save goes through
 }
 
 TEST_F(UsageReportStoreTest, AFolderThatCannotBeWrittenFailsTheSave) {
