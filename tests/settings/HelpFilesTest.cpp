@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/FilePath.h"
 #include "platform/MessageBox.h"
 #include "platform/Resources.h"
 #include "settings/CSettingsStore.h"
@@ -15,11 +16,7 @@ namespace kvt1 {
 namespace {
 
 // The module joins the installation's folders and its file names with the system's separator.
-#ifdef _WIN32
-#define KVT1_SEP L"\\"
-#else
-#define KVT1_SEP L"/"
-#endif
+const std::wstring kSep(1, platform::kFolderSeparator);
 
 class HelpFiles : public ::testing::Test {
  protected:
@@ -27,8 +24,8 @@ class HelpFiles : public ::testing::Test {
     testing::headless() = {};
     installation.writeFile(L"Data\\Help\\KVT.chm", "ITSF");
     installation.writeFile(L"Data\\Help\\installation.chm", "ITSF");
-    productHelp = installation.dataFolder() + KVT1_SEP L"Help" KVT1_SEP L"KVT.chm";
-    installationHelp = installation.dataFolder() + KVT1_SEP L"Help" KVT1_SEP L"installation.chm";
+    productHelp = installation.dataFolder() + kSep + L"Help" + kSep + L"KVT.chm";
+    installationHelp = installation.dataFolder() + kSep + L"Help" + kSep + L"installation.chm";
   }
 
   std::vector<std::wstring>& requests() { return testing::headless().helpRequests; }
@@ -42,7 +39,7 @@ class HelpFiles : public ::testing::Test {
 TEST_F(HelpFiles, NamesTheInstallationsFiles) {
   EXPECT_EQ(productHelpFile(settings), productHelp);
   EXPECT_EQ(installationHelpFile(settings), installationHelp);
-  EXPECT_EQ(helpMapFile(settings), installation.programFolder() + KVT1_SEP L"KVTHelpID.csv");
+  EXPECT_EQ(helpMapFile(settings), installation.programFolder() + kSep + L"KVTHelpID.csv");
 }
 
 TEST_F(HelpFiles, ShowsAKnownTopic) {
@@ -102,7 +99,7 @@ TEST(HelpFilesAbroad, FindsHelpInFoldersOfAnyNameAndLength) {
     testing::headless() = {};
     testing::TestInstallation installation(true, dataFolder);
     installation.writeFile(dataFolder + L"\\Help\\KVT.chm", "ITSF");
-    const std::wstring help = installation.dataFolder() + KVT1_SEP L"Help" KVT1_SEP L"KVT.chm";
+    const std::wstring help = installation.dataFolder() + kSep + L"Help" + kSep + L"KVT.chm";
     CSettingsStore settings;
     showHelp(settings, 0, false);
     EXPECT_TRUE(testing::headless().messages.empty());
