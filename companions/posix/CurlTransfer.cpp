@@ -1,6 +1,7 @@
 // The exchange on libcurl. Proxies follow libcurl's reading of http_proxy,
 // https_proxy and no_proxy; redirects are left to the caller.
 #include <curl/curl.h>
+#include <dlfcn.h>
 
 #include <memory>
 
@@ -9,10 +10,15 @@
 namespace kvt1::http {
 namespace {
 
-// libcurl's global state lives as long as this library is loaded.
+// libcurl's global state lives as long as this library is loaded. libcurl
+// and the TLS libraries below it keep thread-local state and exit handlers
+// of their own, so they stay loaded when this library is unloaded: a host
+// thread or the process's exit would otherwise run in unmapped code.
 class CurlGlobal {
  public:
-  CurlGlobal() : ok_(curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK) {}
+  CurlGlobal() : ok_(curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK) {
+    dlopen("libcurl.so.4", RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+  }
   ~CurlGlobal() {
     if (ok_) curl_global_cleanup();
   }

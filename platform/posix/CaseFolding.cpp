@@ -7,10 +7,24 @@ namespace kvt1::platform {
 namespace {
 
 // The host's own locale may be "C", whose case map knows A-Z only: ours is
-// the C library's Unicode locale, made once and kept for the process.
+// the C library's Unicode locale, made once and freed with the image.
+class UnicodeLocale {
+ public:
+  UnicodeLocale() : locale_(newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(nullptr))) {}
+  ~UnicodeLocale() {
+    if (locale_ != static_cast<locale_t>(nullptr)) freelocale(locale_);
+  }
+  UnicodeLocale(const UnicodeLocale&) = delete;
+  UnicodeLocale& operator=(const UnicodeLocale&) = delete;
+  locale_t get() const { return locale_; }
+
+ private:
+  locale_t locale_;
+};
+
 locale_t unicodeLocale() {
-  static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(nullptr));
-  return locale;
+  static const UnicodeLocale locale;
+  return locale.get();
 }
 
 }  // namespace
