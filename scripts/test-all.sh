@@ -24,6 +24,10 @@ for preset in mingw-x64 linux-asan linux-debug linux-fuzz; do
   [ "${PIPESTATUS[0]}" -eq 0 ] || status=1
 done
 
+# What each fuzz target did: its runs and their time, from CTest's log.
+awk '/Testing: fuzz_/ { target = $3 } /^Done [0-9]+ runs/ && target { print "  " target ": " $0; target = "" }' \
+  build/linux-fuzz/Testing/Temporary/LastTest.log 2>/dev/null
+
 # The Windows installer: both packages from the builds above, signed with a
 # throwaway certificate made here (so that signing keeps working), then
 # checked, and the x64 one installed, upgraded and removed under Wine.
