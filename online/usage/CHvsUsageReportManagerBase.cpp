@@ -113,7 +113,7 @@ bool CHvsUsageReportManagerBase::EndRun() {
   // under their common lock, which lies in the report's folder.
   kvt1::platform::createFolders(GetReportFolder());
   const std::optional<kvt1::platform::FileLock> lock =
-      kvt1::platform::FileLock::acquire(run->FilePath() + L".lock", kReportLockWaitMs);
+      kvt1::platform::FileLock::acquire(GetReportFolder() + L"\\UsageReport.lock", kReportLockWaitMs);
   if (sent && m_sendOutcome != kvt1::usage::SendOutcome::Refused) {
     sent->Merge(*run);
     return SaveStored(*sent);
