@@ -3,7 +3,8 @@
 #include <cwctype>
 #include <string_view>
 
-#include "platform/Unicode.h"
+#include "platform/CodePage.h"
+#include "platform/TextDecoding.h"
 #include "platform/WideFormat.h"
 
 namespace kvt1 {
@@ -36,28 +37,8 @@ const wchar_t kMainClickElement[] = L"MAINCLICKELEMENT";
 std::optional<std::wstring> loadPageResource(void* image, const platform::ResourceId& name) {
   auto data = platform::findResource(image, platform::kResourceTypeHtml, name);
   if (!data) return std::nullopt;
-  const unsigned char* bytes = data->bytes;
-  std::size_t size = data->size;
-  if (size >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE) {
-    std::wstring text;
-    for (std::size_t i = 2; i + 1 < size; i += 2) {
-      char32_t unit = bytes[i] | (bytes[i + 1] << 8);
-      if (unit >= 0xD800 && unit < 0xDC00 && i + 3 < size) {
-        const char32_t low = bytes[i + 2] | (bytes[i + 3] << 8);
-        if (low >= 0xDC00 && low < 0xE000) {
-          unit = 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
-          i += 2;
-        }
-      }
-      platform::appendCodePoint(text, unit);
-    }
-    return text;
-  }
-  if (size >= 3 && bytes[0] == 0xEF && bytes[1] == 0xBB && bytes[2] == 0xBF) {
-    bytes += 3;
-    size -= 3;
-  }
-  return platform::fromUtf8(std::string_view(reinterpret_cast<const char*>(bytes), size));
+  return platform::decodeText(std::string_view(reinterpret_cast<const char*>(data->bytes), data->size),
+                             platform::kCodePageUtf8);
 }
 
 std::wstring cutAfterHtmlEnd(std::wstring page) {
