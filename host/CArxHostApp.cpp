@@ -52,7 +52,7 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
 
   AcRxArxApp::On_kInitAppMsg(pkt);
   CSettingsStore& settings = theSettings();
-  const bool userDataFolder = ensureUserDataFolder(settings).has_value();
+  const bool userDataFolder = ensureUserDataFolder(settings);
   registerCommand();
   if (!m_splash) m_splash = std::make_unique<CKVTSplash>(adsw_acadMainWnd());
   m_services.setSplash(m_splash.get());

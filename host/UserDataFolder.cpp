@@ -8,18 +8,17 @@
 
 namespace kvt1 {
 
-std::optional<std::wstring> ensureUserDataFolder(CSettingsStore& settings) {
+bool ensureUserDataFolder(CSettingsStore& settings) {
   std::wstring folder;
   const int read = settings.readString(kSettingUserDataPath, folder);
-  if (read == -1) return std::nullopt;  // there, but no text: the user's, left alone
+  if (read == -1) return false;  // there, but no text: the user's, left alone
   if (read != 0 || folder.empty()) {
     const std::wstring appData = platform::roamingAppDataFolder();
-    if (appData.empty()) return std::nullopt;
+    if (appData.empty()) return false;
     folder = appData + L"\\Halvorn Systems\\" + productName(kProductNumber) + L" 1";
-    if (settings.writeString(kSettingUserDataPath, folder) != 0) return std::nullopt;
+    if (settings.writeString(kSettingUserDataPath, folder) != 0) return false;
   }
-  if (!platform::createFolders(folder)) return std::nullopt;
-  return folder;
+  return platform::createFolders(folder);
 }
 
 }  // namespace kvt1

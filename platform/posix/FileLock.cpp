@@ -14,6 +14,7 @@ namespace {
 // Tries again this often while another holder has the lock.
 constexpr unsigned kRetryMs = 10;
 
+// The handle is the descriptor plus one, so that descriptor 0 is not taken for "no lock".
 void* asHandle(int descriptor) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(descriptor) + 1); }
 int asDescriptor(void* handle) { return static_cast<int>(reinterpret_cast<std::intptr_t>(handle) - 1); }
 

@@ -125,18 +125,6 @@ bool readUserString(const std::wstring& keyPath, const std::wstring& name, std::
   return true;
 }
 
-void setProcessEnvironment(const char* name, const char* value) {
-#ifdef _WIN32
-  SetEnvironmentVariableA(name, value);
-#else
-  if (value) {
-    setenv(name, value, 1);
-  } else {
-    unsetenv(name);
-  }
-#endif
-}
-
 std::wstring programFolder() {
   std::wstring folder = splitModulePath(platform::thisModulePath()).folder;
   folder.pop_back();

@@ -8,6 +8,7 @@
 
 #include "online/ICheckForUpdateView.h"
 #include "platform/Registry.h"
+#include "tests/common/ProcessEnvironment.h"
 #include "tests/common/TestInstallation.h"
 
 namespace kvt1::testing {
@@ -26,9 +27,6 @@ void removeMakerDevKey();
 // A user value as the module stored it: false when absent.
 bool readUserDword(const std::wstring& keyPath, const std::wstring& name, std::uint32_t& value);
 bool readUserString(const std::wstring& keyPath, const std::wstring& name, std::wstring& value);
-
-// Sets (or with null removes) a variable of the process environment.
-void setProcessEnvironment(const char* name, const char* value);
 
 // The folder of this test program, where the HTTP client library lies.
 std::wstring programFolder();

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "tests/common/ProcessEnvironment.h"
 #include "tests/platform/RegistryTestSupport.h"
 #ifdef _WIN32
 #include <windows.h>
@@ -131,11 +132,7 @@ TEST_F(RegistryTest, StringsFollowTheSizeRules) {
 }
 
 TEST_F(RegistryTest, ExpandableStringsStayUnexpandedUntilAsked) {
-#ifdef _WIN32
-  SetEnvironmentVariableW(L"KVT1_TEST_FOLDER", L"C:\\Data");
-#else
-  ::setenv("KVT1_TEST_FOLDER", "C:\\Data", 1);
-#endif
+  testing::setProcessEnvironment("KVT1_TEST_FOLDER", "C:\\Data");
   ASSERT_EQ(setString(base_, L"Help", kRegExpandSz, L"%KVT1_TEST_FOLDER%\\Help"), kRegSuccess);
   const QueriedValue value = queryWhole(base_, L"Help");
   ASSERT_EQ(value.result, kRegSuccess);

@@ -2,18 +2,13 @@
 
 #include <string>
 
-#ifdef _WIN32
-#include <windows.h>
-#else
-#include <cstdlib>
-#endif
-
 #include "platform/File.h"
 #include "platform/Registry.h"
 #include "settings/CSettingsStore.h"
 #include "settings/HelpFiles.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
+#include "tests/common/ProcessEnvironment.h"
 #include "tests/tools/EmulatorSession.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
 
@@ -111,11 +106,7 @@ TEST_F(EmulatorSession, GivesTheUserADataFolderAtFirstStart) {
 // however long, and stored expandable it is expanded; a folder that cannot
 // be made keeps the module from starting.
 TEST(EmulatorLoad, KeepsTheUsersOwnDataFolder) {
-#ifdef _WIN32
-  SetEnvironmentVariableW(L"KVT1_TEST_ROOT", L"expanded");
-#else
-  ::setenv("KVT1_TEST_ROOT", "expanded", 1);
-#endif
+  testing::setProcessEnvironment("KVT1_TEST_ROOT", "expanded");
   struct Case {
     const char* what;
     std::wstring below;  // the value, below the installation's folder
