@@ -30,6 +30,10 @@ typedef int(HVHTTP_CALL* PerformPostJsonWFn)(const wchar_t* url, const wchar_t* 
                                              std::int32_t* status, wchar_t** response, std::int32_t* length);
 typedef void(HVHTTP_CALL* FreeStringAFn)(char** response);
 typedef void(HVHTTP_CALL* FreeStringWFn)(wchar_t** response);
+// A seventh, optional export (callers look it up by name and do without it):
+// ends every transfer running now, from any thread; each of their calls
+// returns at once with status 0. For a host that unloads while a transfer runs.
+typedef void(HVHTTP_CALL* AbortTransfersFn)();
 
 #ifdef HALVORN_HTTP_CLIENT_BUILD
 HVHTTP_API int HVHTTP_CALL PerformGetA(const char* url, std::int32_t* status, char** response, std::int32_t* length);
@@ -41,4 +45,5 @@ HVHTTP_API int HVHTTP_CALL PerformPostJsonW(const wchar_t* url, const wchar_t* c
                                             std::int32_t* status, wchar_t** response, std::int32_t* length);
 HVHTTP_API void HVHTTP_CALL FreeStringA(char** response);
 HVHTTP_API void HVHTTP_CALL FreeStringW(wchar_t** response);
+HVHTTP_API void HVHTTP_CALL AbortTransfers();
 #endif

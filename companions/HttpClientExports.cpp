@@ -1,4 +1,4 @@
-// The library's six exports: conversions at the C boundary, the 200-only
+// The library's exports: conversions at the C boundary, the 200-only
 // hand-out of memory, and nothing thrown across it.
 #include <cstring>
 #include <new>
@@ -133,4 +133,11 @@ HVHTTP_API void HVHTTP_CALL FreeStringW(wchar_t** response) {
   if (!response) return;
   delete[] *response;
   *response = nullptr;
+}
+
+HVHTTP_API void HVHTTP_CALL AbortTransfers() {
+  try {
+    kvt1::http::abortTransfers();
+  } catch (...) {
+  }
 }

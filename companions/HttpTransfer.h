@@ -30,4 +30,8 @@ struct HttpResponse {
 // Redirects are not followed; proxies come from the system's settings.
 HttpResponse performTransfer(const HttpRequest& request, const TransferLimits& limits);
 
+// Ends every exchange running now at once, from any thread: each answers
+// status 0. False when none was running.
+bool abortTransfers();
+
 }  // namespace kvt1::http

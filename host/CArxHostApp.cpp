@@ -65,13 +65,18 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
   // Modeless, on its own timer: the start goes on while the splash shows.
   m_splash->ShowAtStartUp();
   loadUpdateServices(m_location.folder);
-  runModuleUpdateCheck(false, settings, adsw_acadMainWnd());
+  startModuleUpdateCheck(settings, adsw_acadMainWnd(), [this](const std::function<void()>& work) {
+    ResourceScope resources(m_hdllInstance, languageResources());
+    work();
+  });
   cleanSupportPath(kEarlierInstallationMarker);
   startUsageReporting(adsw_acadMainWnd());
   return AcRx::kRetOK;
 }
 
 AcRx::AppRetCode CArxHostApp::On_kUnloadAppMsg(void* pkt) {
+  // The host's shutdown never waits on the network.
+  stopNetworkTransfers();
   {
     ResourceScope resources(m_hdllInstance, languageResources());
     // The engine goes before the library that it calls.

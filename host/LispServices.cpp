@@ -103,7 +103,7 @@ void CLispServices::writeSetting(const std::wstring& key, const std::wstring& va
   if (settingKeyNumber(key) != kSettingAutomaticUpdateCheck) return;
   const int number = leadingInteger(value);
   if (number == kRunUpdateCheckNow) {
-    runModuleUpdateCheck(true, settings_, adsw_acadMainWnd());
+    runModuleUpdateCheck(settings_, adsw_acadMainWnd());
     return;
   }
   Hv::Http::CHvAutomaticUpdateManager* updates = Hv::Http::CHvAutomaticUpdateManager::Instance();

@@ -26,12 +26,16 @@ class CHvAutomaticUpdateManager {
   // Records the product's dismissal time and saves the whole record.
   bool DismissUpdates(std::uint32_t product, std::int64_t time);
 
-  // The request URL and the parsed answer; a failed request gives nothing available.
+  // The request URL and the parsed answer; a failed request gives nothing
+  // available. Any thread: they read only what LoadSettings set.
   std::wstring RequestUrl(std::uint32_t product, const std::wstring& version, const std::wstring& language) const;
   CHvAutomaticUpdateResult CheckForUpdates(std::uint32_t product, const std::wstring& version,
                                            const std::wstring& language) const;
 
   bool CheckOnStartUp() const { return m_checkOnStartUp; }
+  // Whether checks that the user did not ask for run: the start-up switch
+  // on and automatic updates not disabled.
+  bool StartUpChecksAllowed() const { return m_checkOnStartUp && !m_automaticUpdatesDisabled; }
   void SetCheckOnStartUp(bool check) { m_checkOnStartUp = check; }
   bool AutomaticUpdatesDisabled() const { return m_automaticUpdatesDisabled; }
   bool ShowInactiveUpdates() const { return m_showInactiveUpdates; }

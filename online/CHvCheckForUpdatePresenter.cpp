@@ -21,9 +21,9 @@ CHvCheckForUpdatePresenter::CHvCheckForUpdatePresenter(ICheckForUpdateView& view
 bool CHvCheckForUpdatePresenter::Run(std::uint32_t product, const std::wstring& version, const std::wstring& language,
                                      bool mapFlag, bool manual) {
   if (!m_manager) return false;
-  if (!manual && (!m_manager->CheckOnStartUp() || m_manager->AutomaticUpdatesDisabled())) return false;
+  if (!manual && !m_manager->StartUpChecksAllowed()) return false;
 
-  m_result = m_manager->CheckForUpdates(product, version, language);
+  m_result = m_fetch ? m_fetch(product, version, language) : m_manager->CheckForUpdates(product, version, language);
   m_product = product;
   m_mapFlag = mapFlag;
   const CHvSoftwareUpdate& update = m_result.update;

@@ -3,6 +3,7 @@
 // user's settings and dismissals, and hands what is left to the view. The
 // view's buttons come back here to open links and dismiss.
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "online/CHvAutomaticUpdateManager.h"
@@ -17,11 +18,20 @@ constexpr std::uint32_t kLibraryProductThreshold = 75000;
 
 class CHvCheckForUpdatePresenter {
  public:
+  // How a check gets the service's answer for a product.
+  using Fetch = std::function<CHvAutomaticUpdateResult(std::uint32_t product, const std::wstring& version,
+                                                       const std::wstring& language)>;
+
   // manager may be null: then no check runs.
   CHvCheckForUpdatePresenter(ICheckForUpdateView& view, CHvAutomaticUpdateManager* manager,
                              kvt1::Clock clock = kvt1::systemSeconds);
 
-  // One check. True when the view showed an update or an upgrade.
+  // Replaces the manager's own request, e.g. with one that waits elsewhere
+  // or with an answer fetched before.
+  void SetFetch(Fetch fetch) { m_fetch = std::move(fetch); }
+
+  // One check: the answer filtered by the settings and dismissals, and what
+  // is left shown. True when the view showed an update or an upgrade.
   bool Run(std::uint32_t product, const std::wstring& version, const std::wstring& language, bool mapFlag,
            bool manual);
 
@@ -40,6 +50,7 @@ class CHvCheckForUpdatePresenter {
   ICheckForUpdateView& m_view;
   CHvAutomaticUpdateManager* m_manager;
   kvt1::Clock m_clock;
+  Fetch m_fetch;
   bool m_mapFlag = false;
   CHvAutomaticUpdateResult m_result;
   std::uint32_t m_product = 0;

@@ -1,5 +1,6 @@
 #include "online/CHvHttpClientManager.h"
 
+#include <chrono>
 #include <cstdint>
 
 #include "companions/HalvornHttpClient.h"
@@ -25,6 +26,7 @@ PerformPostJsonAFn g_performPostJsonA = nullptr;
 PerformPostJsonWFn g_performPostJsonW = nullptr;
 FreeStringAFn g_freeStringA = nullptr;
 FreeStringWFn g_freeStringW = nullptr;
+AbortTransfersFn g_abortTransfers = nullptr;
 
 void clearEntryPoints() {
   g_performGetA = nullptr;
@@ -33,6 +35,7 @@ void clearEntryPoints() {
   g_performPostJsonW = nullptr;
   g_freeStringA = nullptr;
   g_freeStringW = nullptr;
+  g_abortTransfers = nullptr;
 }
 
 template <typename Fn>
@@ -79,25 +82,56 @@ bool CHvHttpClientManager::Load(const std::wstring& directory) {
   g_performPostJsonW = entryPoint<PerformPostJsonWFn>(m_library, "PerformPostJsonW");
   g_freeStringA = entryPoint<FreeStringAFn>(m_library, "FreeStringA");
   g_freeStringW = entryPoint<FreeStringWFn>(m_library, "FreeStringW");
+  g_abortTransfers = entryPoint<AbortTransfersFn>(m_library, "AbortTransfers");
+  m_closed = false;
   return g_performGetA && g_performGetW;
 }
 
 bool CHvHttpClientManager::Get(const std::wstring& url, std::wstring& out) {
-  if (!m_library.isLoaded() || !g_performGetW) return false;
+  if (!m_library.isLoaded() || !g_performGetW || !Enter()) return false;
   std::int32_t status = 0;
   wchar_t* response = nullptr;
   std::int32_t length = 0;
   g_performGetW(url.c_str(), &status, &response, &length);
+  Leave();
   return takeResponse(status, response, out);
 }
 
 bool CHvHttpClientManager::PostJson(const std::wstring& url, const std::wstring& json, std::wstring& out) {
-  if (!m_library.isLoaded() || !g_performPostJsonW) return false;
+  if (!m_library.isLoaded() || !g_performPostJsonW || !Enter()) return false;
   std::int32_t status = 0;
   wchar_t* response = nullptr;
   std::int32_t length = 0;
   g_performPostJsonW(url.c_str(), L"application/json", json.c_str(), &status, &response, &length);
+  Leave();
   return takeResponse(status, response, out);
+}
+
+void CHvHttpClientManager::AbortTransfers() {
+  std::unique_lock<std::mutex> lock(m_mutex);
+  m_closed = true;
+  if (!g_abortTransfers) return;
+  // A request counted in just before the bridge closed may reach the library
+  // just after an abort: abort again until none is left.
+  while (m_running > 0) {
+    lock.unlock();
+    g_abortTransfers();
+    lock.lock();
+    m_left.wait_for(lock, std::chrono::milliseconds(10), [this] { return m_running == 0; });
+  }
+}
+
+bool CHvHttpClientManager::Enter() {
+  const std::lock_guard<std::mutex> lock(m_mutex);
+  if (m_closed) return false;
+  ++m_running;
+  return true;
+}
+
+void CHvHttpClientManager::Leave() {
+  const std::lock_guard<std::mutex> lock(m_mutex);
+  --m_running;
+  m_left.notify_all();
 }
 
 }  // namespace Hv::Http

@@ -2,6 +2,13 @@
 // The HTTP bridge: every network access of the module goes through the
 // companion library that it loads from the module folder. Without that
 // library every operation answers false and the module runs on offline.
+//
+// Get and PostJson may be called from any thread: the library's exports keep
+// no state between calls, and the bridge's own state changes only in Load,
+// AbortTransfers and Release, which the main thread calls while no worker
+// thread uses the bridge (AbortTransfers excepted, which is made for that).
+#include <condition_variable>
+#include <mutex>
 #include <string>
 
 #include "platform/DynamicLibrary.h"
@@ -20,7 +27,7 @@ class CHvHttpClientManager {
 
   virtual ~CHvHttpClientManager();
 
-  // Loads directory + "\" + the library name and looks up its six exports.
+  // Loads directory + "\" + the library name and looks up its exports.
   // True only when both PerformGetA and PerformGetW were found.
   bool Load(const std::wstring& directory);
 
@@ -32,11 +39,24 @@ class CHvHttpClientManager {
   // The maker's update service host, used unless the settings name another.
   const std::wstring& GetHost() const { return m_host; }
 
+  // For unloading: from now on every request fails at once, and the requests
+  // still running are ended through the library's optional AbortTransfers
+  // (without it they run to their time-out, and whoever waits for them waits).
+  void AbortTransfers();
+
  private:
   CHvHttpClientManager();
 
+  // Counts a request in, unless the bridge is closed; Leave counts it out.
+  bool Enter();
+  void Leave();
+
   kvt1::platform::DynamicLibrary m_library;
   std::wstring m_host;
+  std::mutex m_mutex;
+  std::condition_variable m_left;
+  int m_running = 0;
+  bool m_closed = false;
 };
 
 }  // namespace Hv::Http

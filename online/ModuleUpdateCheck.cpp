@@ -1,7 +1,9 @@
 #include "online/ModuleUpdateCheck.h"
 
 #include "host/ModuleVersion.h"
+#include "host/ProductIdentity.h"
 #include "online/AutomaticUpdateCheck.h"
+#include "online/BackgroundUpdateFetch.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "online/CHvHttpClientManager.h"
 #include "online/CCheckForUpdateView.h"
@@ -11,6 +13,37 @@
 #include "settings/SettingNumbers.h"
 
 namespace kvt1 {
+namespace {
+
+using Hv::Http::BackgroundUpdateFetch;
+using Hv::Http::CHvAutomaticUpdateManager;
+using Hv::Http::CHvAutomaticUpdateResult;
+using Hv::Http::CHvCheckForUpdatePresenter;
+
+// The start-up check of this load, until its answer was shown or the module unloads.
+BackgroundUpdateFetch& startUpFetch() {
+  static BackgroundUpdateFetch fetch;
+  return fetch;
+}
+
+Hv::Http::UpdateCheckRequest moduleRequest(bool manual, CSettingsStore& settings) {
+  Hv::Http::UpdateCheckRequest request;
+  request.manual = manual;
+  request.version = moduleVersionNumber(VersionNumber::Product);
+  request.language = updateLanguage(settings);
+  return request;
+}
+
+// The check with its notification over parent, its answers fetched by fetch.
+void runCheck(const Hv::Http::UpdateCheckRequest& request, HWND parent, CHvCheckForUpdatePresenter::Fetch fetch) {
+  CCheckForUpdateView view(parent);
+  CHvCheckForUpdatePresenter presenter(view, CHvAutomaticUpdateManager::Instance());
+  presenter.SetFetch(std::move(fetch));
+  view.SetPresenter(presenter);
+  Hv::Http::RunAutomaticUpdateCheck(presenter, request);
+}
+
+}  // namespace
 
 void loadUpdateServices(const std::wstring& moduleFolder) {
   std::wstring folder = moduleFolder;
@@ -30,15 +63,31 @@ std::wstring updateLanguage(CSettingsStore& settings) {
   return usable ? language : L"ENG";
 }
 
-void runModuleUpdateCheck(bool manual, CSettingsStore& settings, HWND parent) {
-  Hv::Http::UpdateCheckRequest request;
-  request.manual = manual;
-  request.version = moduleVersionNumber(VersionNumber::Product);
-  request.language = updateLanguage(settings);
-  CCheckForUpdateView view(parent);
-  Hv::Http::CHvCheckForUpdatePresenter presenter(view, Hv::Http::CHvAutomaticUpdateManager::Instance());
-  view.SetPresenter(presenter);
-  Hv::Http::RunAutomaticUpdateCheck(presenter, request);
+void startModuleUpdateCheck(CSettingsStore& settings, HWND parent, ModuleScope scope) {
+  const CHvAutomaticUpdateManager* manager = CHvAutomaticUpdateManager::Instance();
+  if (!manager->StartUpChecksAllowed()) return;
+  const Hv::Http::UpdateCheckRequest request = moduleRequest(false, settings);
+  startUpFetch().Start(
+      [manager, request] { return manager->CheckForUpdates(kProductNumber, request.version, request.language); },
+      [request, parent, scope = std::move(scope)](const CHvAutomaticUpdateResult& answer) {
+        scope([&] { runCheck(request, parent, [&answer](std::uint32_t, const std::wstring&, const std::wstring&) {
+                      return answer;
+                    }); });
+      });
+}
+
+void runModuleUpdateCheck(CSettingsStore& settings, HWND parent) {
+  runCheck(moduleRequest(true, settings), parent,
+           [](std::uint32_t product, const std::wstring& version, const std::wstring& language) {
+             return BackgroundUpdateFetch::FetchServingMessages([&] {
+               return CHvAutomaticUpdateManager::Instance()->CheckForUpdates(product, version, language);
+             });
+           });
+}
+
+void stopNetworkTransfers() {
+  Hv::Http::CHvHttpClientManager::Instance()->AbortTransfers();
+  startUpFetch().Stop();
 }
 
 void releaseUpdateServices() { Hv::Http::CHvHttpClientManager::Release(); }

@@ -1,6 +1,7 @@
 #pragma once
 // The module's use of the online services: loading the HTTP bridge and the
-// update settings at start-up, and running a check for this module's product.
+// update settings at start-up, and the checks for this module's product.
+#include <functional>
 #include <string>
 
 #include "platform/DialogWindow.h"
@@ -17,10 +18,23 @@ void loadUpdateServices(const std::wstring& moduleFolder);
 // it is three ASCII letters, else "ENG".
 std::wstring updateLanguage(CSettingsStore& settings);
 
-// A check for this module's product version, its findings shown in the
-// update notification over parent; manual checks ignore the start-up
-// switches and end with a message when nothing was found.
-void runModuleUpdateCheck(bool manual, CSettingsStore& settings, HWND parent);
+// Runs work on the main thread as the module's own, outside any call from
+// the host (with the module's resources current).
+using ModuleScope = std::function<void(const std::function<void()>& work)>;
+
+// The start-up check, when the settings allow it: the request goes out on a
+// worker thread and this returns at once; when the answer comes, the host's
+// message loop shows its findings in the update notification over parent,
+// inside scope.
+void startModuleUpdateCheck(CSettingsStore& settings, HWND parent, ModuleScope scope);
+
+// A check the user asked for: waits for its answer while the host's windows
+// are served, shows its findings, or the message that there were none.
+void runModuleUpdateCheck(CSettingsStore& settings, HWND parent);
+
+// For unloading: ends every request at once (the start-up check's, a usage
+// upload) and waits for the start-up check's thread; nothing more is shown.
+void stopNetworkTransfers();
 
 // Frees the HTTP client library (at unload).
 void releaseUpdateServices();

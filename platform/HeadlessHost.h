@@ -12,6 +12,8 @@ typedef void* (*Kvt1HeadlessHtmlHelpFn)(const wchar_t* file, unsigned command, u
 // about to wait, and a dialog window was made (after WM_INITDIALOG).
 typedef void (*Kvt1HeadlessIdleFn)();
 typedef void (*Kvt1HeadlessWindowCreatedFn)(struct HWND__* window);
+// Work for the main thread began (+1) or ended (-1); any thread.
+typedef void (*Kvt1HeadlessPendingWorkFn)(int change);
 }
 
 #define KVT1_HEADLESS_MESSAGE_BOX "kvt1HeadlessMessageBox"
@@ -19,6 +21,7 @@ typedef void (*Kvt1HeadlessWindowCreatedFn)(struct HWND__* window);
 #define KVT1_HEADLESS_HTML_HELP "kvt1HeadlessHtmlHelp"
 #define KVT1_HEADLESS_IDLE "kvt1HeadlessIdle"
 #define KVT1_HEADLESS_WINDOW_CREATED "kvt1HeadlessWindowCreated"
+#define KVT1_HEADLESS_PENDING_WORK "kvt1HeadlessPendingWork"
 
 namespace kvt1::platform {
 

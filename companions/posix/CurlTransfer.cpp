@@ -1,11 +1,14 @@
 // The exchange on libcurl. Proxies follow libcurl's reading of http_proxy,
-// https_proxy and no_proxy; redirects are left to the caller.
+// https_proxy and no_proxy; redirects are left to the caller. Each exchange
+// runs on a multi handle of its own, whose wait an abort wakes at once.
 #include <curl/curl.h>
 #include <dlfcn.h>
 
+#include <atomic>
 #include <memory>
 
 #include "companions/HttpTransfer.h"
+#include "companions/RunningTransfers.h"
 
 namespace kvt1::http {
 namespace {
@@ -54,7 +57,49 @@ struct HeaderListDeleter {
   void operator()(curl_slist* list) const { curl_slist_free_all(list); }
 };
 
+// The easy handle on its multi handle, taken off again before either goes.
+class MultiTransfer {
+ public:
+  explicit MultiTransfer(CURL* easy) : easy_(easy), multi_(curl_multi_init()) {
+    added_ = multi_ && curl_multi_add_handle(multi_, easy_) == CURLM_OK;
+  }
+  ~MultiTransfer() {
+    if (added_) curl_multi_remove_handle(multi_, easy_);
+    if (multi_) curl_multi_cleanup(multi_);
+  }
+  MultiTransfer(const MultiTransfer&) = delete;
+  MultiTransfer& operator=(const MultiTransfer&) = delete;
+
+  // Runs the exchange to its end, or until an abort; CURLE_ABORTED_BY_CALLBACK then.
+  CURLcode perform() {
+    if (!added_) return CURLE_OUT_OF_MEMORY;
+    std::atomic<bool> aborted{false};
+    const RunningTransfer running([this, &aborted] {
+      aborted = true;
+      curl_multi_wakeup(multi_);
+    });
+    int active = 1;
+    while (active > 0) {
+      if (aborted) return CURLE_ABORTED_BY_CALLBACK;
+      if (curl_multi_perform(multi_, &active) != CURLM_OK) return CURLE_FAILED_INIT;
+      if (active > 0 && curl_multi_poll(multi_, nullptr, 0, 1000, nullptr) != CURLM_OK) return CURLE_FAILED_INIT;
+    }
+    int queued = 0;
+    while (CURLMsg* message = curl_multi_info_read(multi_, &queued)) {
+      if (message->msg == CURLMSG_DONE) return message->data.result;
+    }
+    return CURLE_FAILED_INIT;
+  }
+
+ private:
+  CURL* easy_;
+  CURLM* multi_;
+  bool added_ = false;
+};
+
 }  // namespace
+
+bool abortTransfers() { return abortRunningTransfers(); }
 
 HttpResponse performTransfer(const HttpRequest& request, const TransferLimits& limits) {
   HttpResponse response;
@@ -85,7 +130,7 @@ HttpResponse performTransfer(const HttpRequest& request, const TransferLimits& l
     curl_easy_setopt(handle, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request.body.size()));
   }
 
-  if (curl_easy_perform(handle) != CURLE_OK) {
+  if (MultiTransfer(handle).perform() != CURLE_OK) {
     response.body.clear();
     return response;
   }

@@ -1,12 +1,21 @@
 // The exchange on WinHTTP, with WinHTTP's own proxy settings. WinHTTP has no
 // time-out for a whole exchange, so every wait gets what is left of it.
+// A synchronous WinHTTP call cannot be woken from another thread, so each
+// exchange runs on a thread of its own that the caller waits for; an abort
+// leaves that thread to end by its time-out and returns to the caller at once.
 #include <windows.h>
 #include <winhttp.h>
 
 #include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
 #include <string>
+#include <system_error>
+#include <thread>
 
 #include "companions/HttpTransfer.h"
+#include "companions/RunningTransfers.h"
 #include "platform/Unicode.h"
 
 namespace kvt1::http {
@@ -50,9 +59,66 @@ bool limitWait(HINTERNET request, const Deadline& deadline) {
          WinHttpSetOption(request, WINHTTP_OPTION_RECEIVE_RESPONSE_TIMEOUT, &left, sizeof left);
 }
 
+// What the exchange's thread hands to its caller.
+struct Handover {
+  std::mutex mutex;
+  std::condition_variable changed;
+  bool done = false;
+  bool aborted = false;
+  HttpResponse response;
+};
+
+HttpResponse exchange(const HttpRequest& request, const TransferLimits& limits);
+
+// An exchange left running after an abort ends inside this library, so the
+// library stays loaded for the rest of the process.
+void keepLibraryLoaded() {
+  HMODULE self = nullptr;
+  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                     reinterpret_cast<LPCWSTR>(&keepLibraryLoaded), &self);
+}
+
 }  // namespace
 
+bool abortTransfers() {
+  if (!abortRunningTransfers()) return false;
+  keepLibraryLoaded();
+  return true;
+}
+
 HttpResponse performTransfer(const HttpRequest& request, const TransferLimits& limits) {
+  const auto handover = std::make_shared<Handover>();
+  std::thread worker;
+  try {
+    worker = std::thread([handover, request, limits] {
+      HttpResponse response = exchange(request, limits);
+      const std::lock_guard<std::mutex> lock(handover->mutex);
+      handover->response = std::move(response);
+      handover->done = true;
+      handover->changed.notify_all();
+    });
+  } catch (const std::system_error&) {
+    return exchange(request, limits);
+  }
+  const RunningTransfer running([&handover] {
+    const std::lock_guard<std::mutex> lock(handover->mutex);
+    handover->aborted = true;
+    handover->changed.notify_all();
+  });
+  std::unique_lock<std::mutex> lock(handover->mutex);
+  handover->changed.wait(lock, [&handover] { return handover->done || handover->aborted; });
+  if (!handover->done) {
+    worker.detach();
+    return HttpResponse();
+  }
+  lock.unlock();
+  worker.join();
+  return std::move(handover->response);
+}
+
+namespace {
+
+HttpResponse exchange(const HttpRequest& request, const TransferLimits& limits) {
   HttpResponse response;
   const Deadline deadline(limits.totalTimeoutMs);
   std::wstring url = platform::fromUtf8(request.url);
@@ -123,5 +189,7 @@ HttpResponse performTransfer(const HttpRequest& request, const TransferLimits& l
   response.body = std::move(received);
   return response;
 }
+
+}  // namespace
 
 }  // namespace kvt1::http

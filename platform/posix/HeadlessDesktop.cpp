@@ -1,6 +1,7 @@
 #include "platform/posix/HeadlessDesktop.h"
 
 #include <algorithm>
+#include <chrono>
 
 #include "platform/HeadlessHost.h"
 
@@ -139,9 +140,39 @@ HWND HeadlessDesktop::windowAt(WindowPoint screen) {
 
 bool HeadlessDesktop::post(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
   if (window != nullptr && find(window) == nullptr) return false;
-  queue_.push_back(Message{window, message, wParam, lParam});
+  queue_.push_back(Message{window, message, wParam, lParam, nullptr, nullptr});
   ++activity_;
   return true;
+}
+
+void HeadlessDesktop::postCall(const void* owner, std::function<void()> call) {
+  const std::lock_guard<std::mutex> lock(callsMutex_);
+  calls_.push_back(Call{owner, std::move(call)});
+  callPosted_.notify_all();
+}
+
+void HeadlessDesktop::dropCalls(const void* owner) {
+  {
+    const std::lock_guard<std::mutex> lock(callsMutex_);
+    calls_.erase(std::remove_if(calls_.begin(), calls_.end(), [owner](const Call& c) { return c.owner == owner; }),
+                 calls_.end());
+  }
+  queue_.erase(std::remove_if(queue_.begin(), queue_.end(), [owner](const Message& m) { return m.call && m.owner == owner; }),
+               queue_.end());
+}
+
+bool HeadlessDesktop::waitForCall(unsigned milliseconds) {
+  std::unique_lock<std::mutex> lock(callsMutex_);
+  return callPosted_.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return !calls_.empty(); });
+}
+
+void HeadlessDesktop::takeCalls() {
+  const std::lock_guard<std::mutex> lock(callsMutex_);
+  for (Call& call : calls_) {
+    queue_.push_back(Message{nullptr, 0, 0, 0, std::move(call.call), call.owner});
+    ++activity_;
+  }
+  calls_.clear();
 }
 
 std::intptr_t HeadlessDesktop::send(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
@@ -153,6 +184,7 @@ std::intptr_t HeadlessDesktop::send(HWND window, unsigned message, std::uintptr_
 }
 
 bool HeadlessDesktop::pumpMessage() {
+  takeCalls();
   if (queue_.empty()) {
     if (windows_.empty()) return false;
     waitIdle();
@@ -163,6 +195,7 @@ bool HeadlessDesktop::pumpMessage() {
 }
 
 void HeadlessDesktop::pumpPendingMessages() {
+  takeCalls();
   while (!queue_.empty()) {
     if (queue_.front().window == nullptr && queue_.front().message == WM_QUIT) return;
     dispatchNext();
@@ -170,8 +203,12 @@ void HeadlessDesktop::pumpPendingMessages() {
 }
 
 bool HeadlessDesktop::dispatchNext() {
-  const Message next = queue_.front();
+  const Message next = std::move(queue_.front());
   queue_.pop_front();
+  if (next.call) {
+    next.call();
+    return true;
+  }
   if (next.window == nullptr) return next.message != WM_QUIT;
   send(next.window, next.message, next.wParam, next.lParam);
   return true;

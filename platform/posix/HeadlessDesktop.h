@@ -9,11 +9,13 @@
 // had closed its window, so a session never waits for ever.
 // Nothing here is specific to one system; DialogWindow.h is its interface.
 #include <climits>
+#include <condition_variable>
 #include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <set>
 #include <string>
@@ -92,6 +94,15 @@ class HeadlessDesktop {
 
   // A null window posts to the thread (WM_QUIT ends the message loop).
   bool post(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam);
+  // From any thread: a call that the pumps run in turn with the messages.
+  // Everything else here belongs to the desktop's own thread.
+  void postCall(const void* owner, std::function<void()> call);
+  // Drops the owner's calls that have not run (before the code that made
+  // them may go, with the module that holds it).
+  void dropCalls(const void* owner);
+  // Waits up to milliseconds of real time for a call from another thread;
+  // true when one has been posted and not yet run.
+  bool waitForCall(unsigned milliseconds);
   std::intptr_t send(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam);
   // Dispatches the next message, first waiting for one as described above;
   // false on WM_QUIT or when no window is left.
@@ -129,6 +140,12 @@ class HeadlessDesktop {
     unsigned message;
     std::uintptr_t wParam;
     std::intptr_t lParam;
+    std::function<void()> call;  // a posted call instead of a message
+    const void* owner;
+  };
+  struct Call {
+    const void* owner;
+    std::function<void()> call;
   };
   struct Timer {
     HWND window;
@@ -137,6 +154,8 @@ class HeadlessDesktop {
     std::uint64_t due;
   };
 
+  // Moves the calls posted from other threads into the queue.
+  void takeCalls();
   bool dispatchNext();
   void waitIdle();
   void closeUnanswered();
@@ -149,6 +168,9 @@ class HeadlessDesktop {
   std::vector<std::unique_ptr<HeadlessWindow>> windows_;
   std::uintptr_t lastHandle_ = 0x10000;
   std::deque<Message> queue_;
+  std::mutex callsMutex_;
+  std::condition_variable callPosted_;
+  std::deque<Call> calls_;
   std::vector<Timer> timers_;
   std::uint64_t now_ = 0;
   // Counts posts, creations and destructions: how the desktop sees that an idle handler acted.

@@ -1,5 +1,7 @@
 #include "tools/kvt1-host/DialogDirector.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 
@@ -7,6 +9,7 @@
 #include "platform/DialogWindow.h"
 #include "platform/FilePath.h"
 #include "platform/WideFormat.h"
+#include "tools/kvt1-host/PendingWork.h"
 
 namespace kvt1::emu {
 namespace {
@@ -215,6 +218,17 @@ void DialogDirector::reportUnplayed() {
     fault_(directive.line, L"@" + directive.text + L": no dialog opened to play it");
   pending_.clear();
   waitAnnounced_ = false;
+}
+
+void DialogDirector::idle(unsigned milliseconds) {
+  serveHostLoop(false);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+  while (pendingModuleWork() > 0) {
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
+    if (left.count() <= 0) break;
+    waitForHostMessage(static_cast<unsigned>(std::min<std::int64_t>(left.count(), 50)));
+    serveHostLoop(false);
+  }
 }
 
 }  // namespace kvt1::emu

@@ -49,6 +49,11 @@ class DialogDirector {
   // modeless dialog; those that none took are reported and dropped.
   void reportUnplayed();
 
+  // The host's message loop with nothing else to do: handles what is queued
+  // (what modules posted to the main thread among it), then, while modules
+  // still have work pending, waits for more, up to milliseconds of real time.
+  static void idle(unsigned milliseconds);
+
  private:
   // Played: done, and the dialog has input to handle; Playing: not done yet,
   // the dialog has input; Passed: done (or failed) without input, go on.
@@ -80,6 +85,8 @@ class DialogDirector {
   // The host's own message loop between calls: handles what is queued, after
   // waiting for the next message when asked to.
   static void serveHostLoop(bool waitForMessage);
+  // Waits up to milliseconds of real time for a message from another thread.
+  static void waitForHostMessage(unsigned milliseconds);
 
   Print print_;
   Fault fault_;

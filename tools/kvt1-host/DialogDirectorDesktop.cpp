@@ -63,6 +63,8 @@ void DialogDirector::closeUnanswered(HWND, bool) {}
 // Nothing to wait for: a @wait moves the desktop's clock itself.
 void DialogDirector::serveHostLoop(bool) { desktop().pumpPendingMessages(); }
 
+void DialogDirector::waitForHostMessage(unsigned milliseconds) { desktop().waitForCall(milliseconds); }
+
 // Moves the clock on to the next timer within the wait, so that each tick
 // is handled before the next one falls due.
 DialogDirector::Outcome DialogDirector::wait(DialogDirective& directive, HWND dialog) {

@@ -86,6 +86,10 @@ void DialogDirector::serveHostLoop(bool waitForMessage) {
   platform::pumpPendingMessages();
 }
 
+void DialogDirector::waitForHostMessage(unsigned milliseconds) {
+  MsgWaitForMultipleObjects(0, nullptr, FALSE, milliseconds, QS_ALLINPUT);
+}
+
 // Real time passes while the dialog's loop goes on; its timers fire as they fall due.
 DialogDirector::Outcome DialogDirector::wait(DialogDirective& directive, HWND dialog) {
   if (!waitAnnounced_) {

@@ -1,6 +1,7 @@
 // The emulator answers the module's message boxes, shell requests and help
 // windows itself, printing what a user would have seen; on Linux its headless
 // desktop holds the module's dialog windows.
+#include <atomic>
 #include <cstdint>
 #include <string>
 
@@ -9,6 +10,7 @@
 #include "platform/MessageBox.h"
 #include "platform/WideFormat.h"
 #include "tools/kvt1-host/DialogDirector.h"
+#include "tools/kvt1-host/PendingWork.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
 #ifndef _WIN32
 #include "platform/posix/HeadlessDesktop.h"
@@ -22,6 +24,16 @@
 
 using kvt1::emu::EmulatedHost;
 using kvt1::platform::formatWide;
+
+namespace {
+
+std::atomic<int> g_pendingWork{0};
+
+}  // namespace
+
+int kvt1::emu::pendingModuleWork() { return g_pendingWork; }
+
+KVT1_HOST_EXPORT void kvt1HeadlessPendingWork(int change) { g_pendingWork += change; }
 
 KVT1_HOST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned type) {
   EmulatedHost::instance().print(formatWide(L"message box: [%s] %s\n", caption, text));

@@ -92,8 +92,14 @@ bool Session::load(const std::wstring& modulePath) {
   return true;
 }
 
+void Session::idle(bool waitForPendingWork) {
+  DialogDirector::idle(waitForPendingWork ? idleBoundMs_ : 0);
+  printQueued();
+}
+
 void Session::unload() {
   if (entry_ == nullptr) return;
+  idle(true);
   while (host().currentDocument() != 0) closeDocument();
   entry_(AcRx::kUnloadAppMsg, module_.handle());
   printQueued();
@@ -166,8 +172,10 @@ void Session::runScript(const std::wstring& script) {
         printQueued();
       }
     }
+    idle(false);
     director_.reportUnplayed();
   }
+  idle(true);
   director_.reportUnplayed();
 }
 

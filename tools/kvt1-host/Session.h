@@ -26,8 +26,16 @@ class Session {
 
   // Loads the module file, initialises it and opens the first drawing.
   bool load(const std::wstring& modulePath);
-  // Closes the open drawings and unloads the module.
+  // Waits for the module's pending work (see idle), closes the open drawings
+  // and unloads the module.
   void unload();
+
+  // The host's idle: handles what the module posted to the main thread, and
+  // waits (up to the idle bound) while it still has work pending. Runs
+  // between script lines without waiting, and after the last one.
+  void idle(bool waitForPendingWork);
+  // The bound of that wait, 6,000 ms of real time until set.
+  void setIdleBound(unsigned milliseconds) { idleBoundMs_ = milliseconds; }
 
   // Every dialog that opens from now on is drawn into a PNG file in folder.
   void setRenderFolder(const std::wstring& folder) { director_.setRenderFolder(folder, 0); }
@@ -61,6 +69,7 @@ class Session {
   EntryPoint entry_ = nullptr;
   int faults_ = 0;
   bool echo_ = false;
+  unsigned idleBoundMs_ = 6000;
   DialogDirector director_;
 };
 

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -59,6 +60,13 @@ const wchar_t kUsage[] =
     L"@wait moves; on Windows they are real windows, sent real pointer and key\n"
     L"messages, and @wait lets real time pass.\n"
     L"\n"
+    L"Idle: between script lines the host's message loop handles what the\n"
+    L"module posted to the main thread (the answer of the start-up update\n"
+    L"check, fetched on a worker thread, and the notification it opens). After\n"
+    L"the last line, and before RELOAD or the unload, it also waits while the\n"
+    L"module has such work pending, up to the idle bound, so a late\n"
+    L"notification still appears (and takes the dialog lines left over).\n"
+    L"\n"
     L"Options:\n"
     L"  --env NAME=VALUE    sets a host environment value, e.g. ACAD (the\n"
     L"                      support search path); may be repeated\n"
@@ -67,6 +75,8 @@ const wchar_t kUsage[] =
     L"  --echo              prints each line as \"Command: LINE\" before it runs\n"
     L"  --render DIR        draws every dialog from the module's load on, as\n"
     L"                      @render DIR does\n"
+    L"  --idle-bound MS     the longest wait for the module's pending work\n"
+    L"                      before the unload (default 6000; 0: no wait)\n"
     L"  --help              shows this text\n"
     L"\n"
     L"Exit status: 0 when every line ran, 1 when the module could not be\n"
@@ -107,6 +117,7 @@ int run(const std::vector<std::wstring>& args) {
   bool echo = false;
   std::wstring registryFolder;
   std::wstring renderFolder;
+  std::optional<unsigned> idleBound;
   for (std::size_t i = 0; i < args.size(); ++i) {
     const std::wstring& arg = args[i];
     if (arg == L"--help" || arg == L"-h") {
@@ -127,6 +138,13 @@ int run(const std::vector<std::wstring>& args) {
         return 1;
       }
       renderFolder = args[++i];
+    } else if (arg == L"--idle-bound") {
+      const std::wstring value = i + 1 < args.size() ? args[++i] : L"";
+      if (value.empty() || value.size() > 7 || value.find_first_not_of(L"0123456789") != std::wstring::npos) {
+        printError(L"--idle-bound takes milliseconds");
+        return 1;
+      }
+      idleBound = static_cast<unsigned>(std::stoul(value));
     } else if (arg == L"--env") {
       const std::size_t equals = i + 1 < args.size() ? args[i + 1].find(L'=') : std::wstring::npos;
       if (equals == std::wstring::npos || equals == 0) {
@@ -163,6 +181,7 @@ int run(const std::vector<std::wstring>& args) {
   kvt1::emu::Session session;
   session.setEcho(echo);
   if (!renderFolder.empty()) session.setRenderFolder(renderFolder);
+  if (idleBound) session.setIdleBound(*idleBound);
   for (const auto& [name, value] : environment) session.setEnvironment(name, value);
   // The host loads modules by full path; their folder is derived from it.
   std::error_code ignored;

@@ -2,7 +2,9 @@
 // the report file at unload, and the next start sends a due report.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <memory>
+#include <thread>
 
 #include "host/ModulePath.h"
 #include "online/usage/ZlibText.h"
@@ -46,6 +48,14 @@ class UsageModuleSession : public ::testing::Test {
     session->unload();
     session.reset();
   }
+  // The uploads the service has received once there are count of them (or
+  // after ten seconds, as many as there are).
+  std::vector<service::ReceivedUpload> uploadsOnceThere(std::size_t count) {
+    for (int i = 0; i < 1000 && service.uploads().size() < count; ++i) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return service.uploads();
+  }
   std::wstring reportPath() {
     return installation.folder() + L"\\UserData\\UsageReports\\UsageReport_0_30.rpt";
   }
@@ -71,8 +81,8 @@ TEST_F(UsageModuleSession, CountsReachTheReportAndADueReportIsSent) {
   // Due at once with an interval of one day: the next start sends it.
   setMachineDword(installation, L"DataCollectionInterval", 1);
   start();
+  const auto uploads = uploadsOnceThere(1);
   stop();
-  const auto uploads = service.uploads();
   ASSERT_EQ(uploads.size(), 1u);
   EXPECT_TRUE(uploads[0].wellFormed);
   std::string text;
@@ -81,6 +91,32 @@ TEST_F(UsageModuleSession, CountsReachTheReportAndADueReportIsSent) {
   stored = readStored(reportPath());
   EXPECT_EQ(counterOf(stored, L"Count::Building::Import"), -1);  // emptied by the send
   EXPECT_EQ(stored.Logins().size(), 1u);
+}
+
+TEST_F(UsageModuleSession, AnUploadEndedByTheUnloadLeavesTheReportForTheNextStart) {
+  setConsent(installation, 1);
+  start();
+  run(L"(kvt1_reporting \"Building::Import\")\n");
+  stop();
+
+  // The next start sends the due report to a service that never answers; the host ends meanwhile.
+  setMachineDword(installation, L"DataCollectionInterval", 1);
+  service.setMode(service::ServiceMode::Hang);
+  start();
+  ASSERT_EQ(uploadsOnceThere(1).size(), 1u);
+  session->setIdleBound(0);
+  stop();
+  EXPECT_EQ(counterOf(readStored(reportPath()), L"Count::Building::Import"), 1);
+
+  service.setMode(service::ServiceMode::Answer);
+  start();
+  const auto uploads = uploadsOnceThere(2);
+  stop();
+  ASSERT_EQ(uploads.size(), 2u);
+  std::string text;
+  ASSERT_TRUE(usage::inflateText(std::string(uploads[1].frame.begin() + 4, uploads[1].frame.end()), text, 1 << 20));
+  EXPECT_NE(text.find("\"Count::Building::Import\""), std::string::npos) << text;
+  EXPECT_EQ(counterOf(readStored(reportPath()), L"Count::Building::Import"), -1);
 }
 
 TEST_F(UsageModuleSession, WithoutAnAnswerNothingIsCollectedOrStored) {
