@@ -3,6 +3,10 @@
 ; earlier KVTools installation; the module removed it while it initialised.
 (getenv "ACAD")
 
+; The update check of the start asks the local update service on a worker
+; thread while the host goes on; when the host idles, its notification opens.
+IDLE
+
 ; Argument checks: a wrong count answers nil, a wrong type prints and answers (0).
 (kvt1_help)
 (kvt1_help 5)
@@ -23,8 +27,7 @@
 (kvt1_reporting "401")
 (kvt1_GetSettings "##120")
 
-; The update check at start-up asked the local update service; a check now
-; asks again.
+; A check on request asks the service again, and waits for its answer.
 (kvt1_SetSettings "##120" "2")
 
 ; The start command queues the LISP application once; a second run does nothing.
@@ -38,15 +41,17 @@ NEW
 (kvt1_info)
 CLOSE
 
-; The host starts again. The update notification at start-up is answered
-; this time: its updates are dismissed, after a confirmation. The usage
-; question that follows it (left unanswered at the first start) is answered
-; too: the user agrees to send usage reports.
-@click btnDismiss
-@answer YES
+; The host starts again. The usage question (left unanswered at the first
+; start) is answered this time: the user agrees to send usage reports. The
+; update notification comes once the service has answered, while the host
+; goes on; the host idles until then, and the notification is answered: its
+; updates are dismissed, after a confirmation.
 @click YES
 @click btnOk
 RELOAD
+@click btnDismiss
+@answer YES
+IDLE
 
 ; The next start shows nothing; a check on request shows the updates again.
 RELOAD

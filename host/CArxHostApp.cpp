@@ -65,12 +65,14 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
   // Modeless, on its own timer: the start goes on while the splash shows.
   m_splash->ShowAtStartUp();
   loadUpdateServices(m_location.folder);
+  cleanSupportPath(kEarlierInstallationMarker);
+  startUsageReporting(adsw_acadMainWnd());
+  // After the usage question, whose modal loop would otherwise start it: the
+  // check's notification never comes up over the question.
   startModuleUpdateCheck(settings, adsw_acadMainWnd(), [this](const std::function<void()>& work) {
     ResourceScope resources(m_hdllInstance, languageResources());
     work();
   });
-  cleanSupportPath(kEarlierInstallationMarker);
-  startUsageReporting(adsw_acadMainWnd());
   return AcRx::kRetOK;
 }
 

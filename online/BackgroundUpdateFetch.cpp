@@ -20,20 +20,22 @@ bool BackgroundUpdateFetch::Start(Fetch fetch, Deliver deliver) {
   m_calls = std::make_unique<kvt1::platform::MainThreadCalls>();
   // Counted from now until the answer's call has run or was dropped.
   auto pending = std::make_shared<kvt1::platform::PendingWork>();
-  try {
-    m_worker = std::thread([calls = m_calls.get(), fetch = std::move(fetch), deliver = std::move(deliver), pending] {
-      try {
-        const CHvAutomaticUpdateResult answer = fetch();
-        calls->post([deliver, answer, pending] { deliver(answer); });
-      } catch (...) {
-        // Nothing leaves the thread; nothing is shown.
-      }
-    });
-  } catch (const std::system_error&) {
-    m_calls.reset();
-    return false;
-  }
-  return true;
+  // The worker starts from the host's message loop, once the host is done
+  // with what it is doing (its start-up), so it never competes with that.
+  return m_calls->post([this, fetch = std::move(fetch), deliver = std::move(deliver), pending] {
+    try {
+      m_worker = std::thread([calls = m_calls.get(), fetch, deliver, pending] {
+        try {
+          const CHvAutomaticUpdateResult answer = fetch();
+          calls->post([deliver, answer, pending] { deliver(answer); });
+        } catch (...) {
+          // Nothing leaves the thread; nothing is shown.
+        }
+      });
+    } catch (const std::system_error&) {
+      // No thread: no check in this run.
+    }
+  });
 }
 
 void BackgroundUpdateFetch::Stop() {

@@ -22,10 +22,10 @@ class BackgroundUpdateFetch {
   BackgroundUpdateFetch(const BackgroundUpdateFetch&) = delete;
   BackgroundUpdateFetch& operator=(const BackgroundUpdateFetch&) = delete;
 
-  // Main thread: runs fetch on a worker thread; deliver then gets its answer
-  // on the main thread, from the host's message loop, unless Stop came
-  // first. A fetch still running is stopped first. False when no thread
-  // could be started (nothing is delivered then).
+  // Main thread: once the host's message loop next dispatches, runs fetch on
+  // a worker thread; deliver then gets its answer on the main thread, from
+  // that loop, unless Stop came first. A fetch still running is stopped
+  // first. False when the work cannot be handed to the loop.
   bool Start(Fetch fetch, Deliver deliver);
   // Main thread: waits for the worker (whoever calls this ends its requests
   // first when it must not wait) and drops an answer not yet delivered.

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <future>
+#include <thread>
 
 #include "companions/HalvornHttpClient.h"
 #include "online/CHvHttpClientManager.h"
@@ -149,6 +151,44 @@ TEST_F(HttpBridge, TheTotalTimeOutComesFromTheEnvironmentWhenSet) {
   setProcessEnvironment("KVT1_HTTP_TIMEOUT_MS", "-1");
   service.setDelayMs(1000);
   EXPECT_TRUE(bridge().Get(url(), out));
+}
+
+// Unloading the module: requests running on other threads end at once, and
+// the bridge takes no new one until it is loaded again.
+TEST_F(HttpBridge, AnAbortEndsTheRunningRequestsAndClosesTheBridge) {
+  ASSERT_TRUE(bridge().Load(programFolder()));
+  setProcessEnvironment("KVT1_HTTP_TIMEOUT_MS", "60000");
+  service.setMode(ServiceMode::Hang);
+  auto get = std::async(std::launch::async, [this] {
+    std::wstring out;
+    return bridge().Get(url(), out);
+  });
+  auto post = std::async(std::launch::async, [this] {
+    std::wstring out;
+    return bridge().PostJson(url("/UsageReportService/Upload"), L"{}", out);
+  });
+  for (int i = 0; i < 1000 && service.requests().size() < 2; ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  ASSERT_EQ(service.requests().size(), 2u);
+
+  bridge().AbortTransfers();
+  // Without the abort both would wait for the minute's time-out.
+  ASSERT_EQ(get.wait_for(std::chrono::seconds(5)), std::future_status::ready);
+  ASSERT_EQ(post.wait_for(std::chrono::seconds(5)), std::future_status::ready);
+  EXPECT_FALSE(get.get());
+  EXPECT_FALSE(post.get());
+  EXPECT_TRUE(failsLeavingOutput());
+  EXPECT_EQ(service.requests().size(), 2u);
+
+  service.setMode(ServiceMode::Answer);
+  ASSERT_TRUE(bridge().Load(programFolder()));
+  std::wstring out;
+  EXPECT_TRUE(bridge().Get(url(), out));
+}
+
+TEST_F(HttpBridge, ALibraryWithoutAnAbortIsOnlyClosed) {
+  bridge().Load(programFolder() + L"\\getw-only");
+  bridge().AbortTransfers();
+  EXPECT_TRUE(failsLeavingOutput());
 }
 
 }  // namespace

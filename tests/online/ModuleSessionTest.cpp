@@ -83,7 +83,7 @@ TEST_F(ModuleSession, DismissedAtStartUpTheUpdatesStayHiddenUntilAManualCheck) {
   start();
   const std::wstring pictures = installation.folder() + L"/pictures";
   session->setRenderFolder(pictures);
-  const std::wstring restarted = run(L"@click btnDismiss\n@answer YES\nRELOAD\n");
+  const std::wstring restarted = run(L"RELOAD\n@click btnDismiss\n@answer YES\n");
   EXPECT_NE(restarted.find(L"dialog [Automatic Updates Notification]: click btnDismiss"), std::wstring::npos)
       << platform::toUtf8(restarted);
   std::wstring record;

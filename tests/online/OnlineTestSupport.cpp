@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "host/ModulePath.h"
+#include "settings/ProductKey.h"
 #include "platform/ThisModule.h"
 #include "platform/Unicode.h"
 
@@ -87,6 +88,14 @@ void setRegistryString(const TestInstallation& installation, platform::RegistryR
                        const std::wstring& name, const std::wstring& value) {
   setRegistryValue(installation, root, keyPath, name, platform::kRegSz,
                    bytesOf(value.c_str(), (value.size() + 1) * sizeof(wchar_t)));
+}
+
+void setMachineDword(const TestInstallation& installation, const std::wstring& name, std::uint32_t value) {
+  setRegistryDword(installation, platform::RegistryRoot::LocalMachine, productKeyPath(), name, value);
+}
+
+void setConsent(const TestInstallation& installation, std::uint32_t value) {
+  setRegistryDword(installation, platform::RegistryRoot::CurrentUser, productKeyPath(), L"HVCOLLECTUSAGE", value);
 }
 
 void removeMakerDevKey() {

@@ -21,6 +21,9 @@ void setRegistryDword(const TestInstallation& installation, platform::RegistryRo
                       const std::wstring& name, std::uint32_t value);
 void setRegistryString(const TestInstallation& installation, platform::RegistryRoot root, const std::wstring& keyPath,
                        const std::wstring& name, const std::wstring& value);
+// A DWORD of the product's machine key, and the user's recorded answer to the usage question.
+void setMachineDword(const TestInstallation& installation, const std::wstring& name, std::uint32_t value);
+void setConsent(const TestInstallation& installation, std::uint32_t value);
 // The maker-wide DEV key, removed again (Windows keeps it across tests).
 void removeMakerDevKey();
 

@@ -127,6 +127,8 @@ bool Session::runCommand(const std::wstring& name, int line) {
     openDocument();
   } else if (key == L"CLOSE") {
     closeDocument();
+  } else if (key == L"IDLE") {
+    idle(true);
   } else if (key == L"GALLERY") {
     showControlsGallery([this](const std::wstring& text) { print(text); });
   } else if (key == L"RELOAD") {

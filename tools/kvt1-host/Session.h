@@ -45,8 +45,9 @@ class Session {
   // those that none took are reported after it.
   void runScript(const std::wstring& script);
 
-  // Host commands: a module's command, NEW and CLOSE for drawings, or
-  // RELOAD: unload the module and load it again, as a new start of the host.
+  // Host commands: a module's command, NEW and CLOSE for drawings, IDLE for
+  // the host's idle with its wait, or RELOAD: unload the module and load it
+  // again, as a new start of the host.
   bool runCommand(const std::wstring& name, int line);
   void openDocument();
   void closeDocument();

@@ -84,14 +84,6 @@ std::vector<std::string> folderEntries(const std::wstring& folder) {
   return names;
 }
 
-void setConsent(const TestInstallation& installation, std::uint32_t value) {
-  setRegistryDword(installation, platform::RegistryRoot::CurrentUser, productKeyPath(), L"HVCOLLECTUSAGE", value);
-}
-
-void setMachineDword(const TestInstallation& installation, const std::wstring& name, std::uint32_t value) {
-  setRegistryDword(installation, platform::RegistryRoot::LocalMachine, productKeyPath(), name, value);
-}
-
 std::int32_t counterOf(const Hv::CHvUsageReport& report, const std::wstring& name) {
   for (const Hv::SHvUsageCounter& counter : report.Counters()) {
     if (counter.name == name) return counter.count;

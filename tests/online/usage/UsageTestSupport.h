@@ -9,6 +9,7 @@
 #include "online/usage/CHvsUsageReportManagerBase.h"
 #include "online/usage/UsageReportStore.h"
 #include "tests/common/TestInstallation.h"
+#include "tests/online/OnlineTestSupport.h"
 
 namespace kvt1::testing {
 
@@ -45,8 +46,6 @@ void makeFolderReadOnly(const std::wstring& folder, bool readOnly);
 // The names in the folder, sorted; empty for a missing folder.
 std::vector<std::string> folderEntries(const std::wstring& folder);
 
-void setConsent(const TestInstallation& installation, std::uint32_t value);
-void setMachineDword(const TestInstallation& installation, const std::wstring& name, std::uint32_t value);
 
 // The counter's count in the report; -1 when it has none of that name.
 std::int32_t counterOf(const Hv::CHvUsageReport& report, const std::wstring& name);
