@@ -4,7 +4,7 @@
 // by the client library's total time-out), beside a check switched off.
 #include <benchmark/benchmark.h>
 
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 #include "online/AutomaticUpdateCheck.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "online/CHvHttpClientManager.h"

@@ -2,7 +2,7 @@
 
 #include "host/LanguageModule.h"
 #include "host/LispFunctions.h"
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 #include "host/ResourceScope.h"
 #include "host/SupportPath.h"
 #include "host/UserDataFolder.h"

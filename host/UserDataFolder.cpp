@@ -1,6 +1,6 @@
 #include "host/UserDataFolder.h"
 
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 #include "platform/File.h"
 #include "platform/KnownFolders.h"
 #include "settings/CSettingsStore.h"

@@ -1,6 +1,6 @@
 #include "online/AutomaticUpdateCheck.h"
 
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "online/CHvCheckForUpdatePresenter.h"
 #include "online/CHvUpdateCheckGuard.h"

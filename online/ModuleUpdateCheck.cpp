@@ -1,7 +1,7 @@
 #include "online/ModuleUpdateCheck.h"
 
-#include "host/ModuleVersion.h"
-#include "host/ProductIdentity.h"
+#include "host/identity/ModuleVersion.h"
+#include "host/identity/ProductIdentity.h"
 #include "online/AutomaticUpdateCheck.h"
 #include "online/BackgroundUpdateFetch.h"
 #include "online/CHvAutomaticUpdateManager.h"

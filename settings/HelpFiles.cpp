@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 #include "platform/File.h"
 #include "platform/FilePath.h"
 #include "platform/HtmlHelp.h"

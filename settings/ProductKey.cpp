@@ -1,6 +1,6 @@
 #include "settings/ProductKey.h"
 
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 
 namespace kvt1 {
 

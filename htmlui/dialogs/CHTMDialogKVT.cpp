@@ -1,6 +1,6 @@
 #include "htmlui/dialogs/CHTMDialogKVT.h"
 
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 #include "platform/WideFormat.h"
 #include "text/TextResources.h"
 

@@ -1,7 +1,7 @@
 #include "htmlui/dialogs/CKVTAbout.h"
 
-#include "host/ModuleVersion.h"
-#include "host/ProductIdentity.h"
+#include "host/identity/ModuleVersion.h"
+#include "host/identity/ProductIdentity.h"
 #include "platform/FilePath.h"
 #include "settings/CSettingsStore.h"
 #include "settings/SettingNumbers.h"

@@ -1,6 +1,6 @@
 #include "htmlui/dialogs/CKVTSplash.h"
 
-#include "host/ModuleVersion.h"
+#include "host/identity/ModuleVersion.h"
 #include "text/TextResources.h"
 
 namespace kvt1 {

@@ -1,6 +1,6 @@
 #include "online/usage/CHvsUsageReportManager.h"
 
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 #include "online/usage/UsageReportUpload.h"
 #include "settings/CSettingsStore.h"
 #include "settings/ProductKey.h"

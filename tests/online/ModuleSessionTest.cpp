@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "host/ModulePath.h"
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 #include "platform/ThisModule.h"
 #include "platform/Unicode.h"
 #include "settings/ProductKey.h"

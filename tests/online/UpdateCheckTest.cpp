@@ -1,7 +1,7 @@
 // One check from request to view, against the local update service.
 #include <gtest/gtest.h>
 
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 #include "online/AutomaticUpdateCheck.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "online/CHvCheckForUpdatePresenter.h"

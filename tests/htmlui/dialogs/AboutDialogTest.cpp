@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "host/ModuleVersion.h"
+#include "host/identity/ModuleVersion.h"
 #include "platform/DialogWindow.h"
 #include "tests/common/HeadlessRecorder.h"
 #include "tests/htmlui/dialogs/ProductDialogTest.h"

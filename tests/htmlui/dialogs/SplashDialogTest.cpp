@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "host/ModuleVersion.h"
+#include "host/identity/ModuleVersion.h"
 #include "htmlui/dialogs/CKVTAbout.h"
 #include "htmlui/engine/AutomationMessages.h"
 #include "platform/DialogWindow.h"

@@ -1,4 +1,4 @@
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 
 #include <ctime>
 #include <cwchar>

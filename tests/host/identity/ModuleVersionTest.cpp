@@ -1,4 +1,4 @@
-#include "host/ModuleVersion.h"
+#include "host/identity/ModuleVersion.h"
 
 #include <gtest/gtest.h>
 
