@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "tools/kvt1-host/LispValue.h"
+#include "tools/kvt1-host/core/LispValue.h"
 
 namespace kvt1::emu {
 

@@ -8,7 +8,7 @@
 #include "host/arx/ArxTypes.h"
 #include "platform/DynamicLibrary.h"
 #include "tools/kvt1-host/DialogDirector.h"
-#include "tools/kvt1-host/LispValue.h"
+#include "tools/kvt1-host/core/LispValue.h"
 
 namespace kvt1::emu {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/arx/ArxTypes.h"
-#include "tools/kvt1-host/LispValue.h"
+#include "tools/kvt1-host/core/LispValue.h"
 
 namespace kvt1::emu {
 

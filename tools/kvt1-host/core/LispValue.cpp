@@ -1,4 +1,4 @@
-#include "tools/kvt1-host/LispValue.h"
+#include "tools/kvt1-host/core/LispValue.h"
 
 #include <cmath>
 #include <cwchar>
