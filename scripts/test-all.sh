@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Sets the machine up, then builds and runs every test: Linux (debug, and
+# Checks that every include runs down the layers, sets the machine up, then
+# builds and runs every test: Linux (debug, and
 # AddressSanitizer with UndefinedBehaviorSanitizer), bounded runs of the
 # libFuzzer targets (clang) and the x86_64 Windows build under Wine. The release build (benchmarks, emulator) and the i686
 # Windows build are built too, so that they keep compiling: this machine runs
@@ -8,11 +9,14 @@
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
+status=0
+printf '== include layers\n'
+bash scripts/check-includes.sh || status=1
+
 bash scripts/setup.sh || exit 1
 
 logs=$(mktemp -d)
 trap 'rm -rf "$logs"' EXIT
-status=0
 for preset in linux-release mingw-x86; do
   printf '\n== %s (build only)\n' "$preset"
   { cmake --preset "$preset" >/dev/null && cmake --build --preset "$preset"; } || status=1
