@@ -25,7 +25,7 @@ if(CMAKE_CROSSCOMPILING AND WIN32)
   else()
     set(KVT1_WINE_AVAILABLE OFF)
     message(STATUS "SKIPPING the ${CMAKE_SYSTEM_PROCESSOR} Windows tests: ${KVT1_WINE_LOADER} is missing "
-                   "(Debian's wine32:i386 could not be installed on this machine)")
+                   "(Debian's wine32:i386, which the setup installs only where the kernel runs 32-bit programs)")
   endif()
 endif()
 
@@ -45,7 +45,7 @@ function(kvt1_add_test name)
     # A test that says why it did not run, and counts as skipped.
     add_test(NAME ${name}
              COMMAND ${CMAKE_COMMAND} -E echo
-                     "SKIPPED: ${name} needs ${KVT1_WINE_LOADER} (Debian's wine32:i386), which this machine could not install")
+                     "SKIPPED: ${name} needs ${KVT1_WINE_LOADER} (Debian's wine32:i386), installed only where the kernel runs 32-bit programs")
     set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION "SKIPPED:")
   endif()
 endfunction()

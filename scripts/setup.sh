@@ -156,11 +156,21 @@ if [ "$native_only" -eq 1 ]; then
   exit 0
 fi
 
-# 32-bit Wine is never kept: with it installed, Wine starts every program
-# through its 32-bit loader and the x86_64 runs fail too. The i686 build is
-# compiled and checked, not run.
-if [ -z "$(missing_packages wine32:i386)" ]; then
-  log "removing wine32:i386 (the x86_64 programs cannot run beside it)"
+# 32-bit Wine runs the i686 tests, but only on a kernel that runs 32-bit
+# programs (scripts/runs-32bit.sh runs one to find out). Elsewhere it is never
+# kept: installed there, Wine starts every program through its 32-bit loader
+# and the x86_64 runs fail too; the i686 build is then compiled, not run.
+if bash "$(dirname "$0")/runs-32bit.sh"; then
+  if [ -n "$(missing_packages wine32:i386)" ]; then
+    if ! dpkg --print-foreign-architectures | grep -qx i386; then
+      log "adding the i386 architecture (for wine32)"
+      "${sudo_cmd[@]}" dpkg --add-architecture i386
+      apt_updated=0
+    fi
+    apt_install wine32:i386
+  fi
+elif [ -z "$(missing_packages wine32:i386)" ]; then
+  log "removing wine32:i386 (this kernel runs no 32-bit programs, and x86_64 programs cannot run beside it)"
   DEBIAN_FRONTEND=noninteractive "${sudo_cmd[@]}" apt-get remove -y -qq wine32:i386
 fi
 
@@ -200,7 +210,7 @@ build_jsoncpp x86_64-w64-mingw32
 build_jsoncpp i686-w64-mingw32
 
 # Google Benchmark for the x86_64 Windows benchmarks (run under Wine; the
-# i686 build is never run), from Debian's source package of libbenchmark-dev.
+# i686 build has none), from Debian's source package of libbenchmark-dev.
 benchmark_version=$(dpkg-query -W -f='${Version}' libbenchmark-dev)
 build_benchmark() {
   local triplet=$1
