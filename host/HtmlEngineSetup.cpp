@@ -5,11 +5,10 @@
 #include "htmlui/HTMEngine.h"
 #include "htmlui/engine/DomEngine.h"
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
+#include "platform/DialogClock.h"
 #include "text/MessageDescription.h"
 
 #ifdef _WIN32
-#include <chrono>
-
 #include "htmlui/engine/HtmlayoutLibrary.h"
 #endif
 
@@ -32,14 +31,7 @@ std::unique_ptr<html::HtmlEngine> domEngine() {
   auto layout = std::make_unique<html::LitehtmlLayout>();
   layout->setImageLoader([pages = engine.get()](const std::string& url) { return pages->pictureData(url); });
   engine->setLayoutProvider(std::move(layout));
-#ifdef _WIN32
-  // Real windows live in real time; the headless desktop's director moves
-  // the engine's clock itself.
-  engine->setClock([] {
-    using namespace std::chrono;
-    return static_cast<std::uint64_t>(duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
-  });
-#endif
+  if (auto clock = platform::dialogClock()) engine->setClock(std::move(clock));
   return engine;
 }
 

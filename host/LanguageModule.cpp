@@ -6,18 +6,13 @@
 namespace kvt1 {
 namespace {
 
-#ifdef _WIN32
-const wchar_t kLibrarySuffix[] = L".dll";
-#else
-const wchar_t kLibrarySuffix[] = L".so";
-#endif
 const wchar_t kFallbackLanguage[] = L"ENU";
 
 }  // namespace
 
 std::wstring languageModulePath(const ModuleLocation& module, const std::wstring& language) {
   const std::size_t dot = module.fileName.rfind(L'.');
-  return module.folder + module.fileName.substr(0, dot) + language + kLibrarySuffix;
+  return module.folder + module.fileName.substr(0, dot) + language + platform::kLibrarySuffix;
 }
 
 platform::DynamicLibrary loadLanguageModule(const ModuleLocation& module, CSettingsStore& settings) {

@@ -7,11 +7,7 @@
 
 namespace Hv::Http {
 
-#ifdef _WIN32
-const wchar_t kHttpClientLibraryName[] = L"HalvornHttpClient.dll";
-#else
-const wchar_t kHttpClientLibraryName[] = L"HalvornHttpClient.so";
-#endif
+const std::wstring kHttpClientLibraryName = std::wstring(L"HalvornHttpClient") + kvt1::platform::kLibrarySuffix;
 
 namespace {
 

@@ -16,7 +16,7 @@
 namespace Hv::Http {
 
 // The companion library's file name, as Load appends it to a folder.
-extern const wchar_t kHttpClientLibraryName[];
+extern const std::wstring kHttpClientLibraryName;
 
 class CHvHttpClientManager {
  public:

@@ -5,6 +5,9 @@
 
 namespace kvt1::platform {
 
+// How a shared library's file name ends on this system: ".dll" or ".so".
+extern const wchar_t kLibrarySuffix[];
+
 class DynamicLibrary {
  public:
   DynamicLibrary() = default;
@@ -17,6 +20,9 @@ class DynamicLibrary {
   // Loads the library at path; "\" and "/" both separate folders. On failure
   // the result is not loaded and error() tells why.
   static DynamicLibrary load(const std::wstring& path);
+  // Keeps the library of that file name, if the process has it loaded, loaded
+  // until the process ends, however often it is released.
+  static void keepLoaded(const std::wstring& fileName);
 
   bool isLoaded() const { return handle_ != nullptr; }
   void* handle() const { return handle_; }

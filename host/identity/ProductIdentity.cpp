@@ -4,6 +4,7 @@
 #include <cwchar>
 
 #include "platform/EnglishTimeLocale.h"
+#include "platform/UtcTime.h"
 #include "platform/WideFormat.h"
 
 namespace kvt1 {
@@ -78,13 +79,8 @@ std::vector<std::pair<std::wstring, std::wstring>> versionAttributes() {
 
 std::wstring dateText(std::int64_t secondsSince1970, DateForm form) {
   if (secondsSince1970 <= 0) return L"Not set";
-  const std::time_t time = static_cast<std::time_t>(secondsSince1970);
   std::tm parts{};
-#ifdef _WIN32
-  if (gmtime_s(&parts, &time) != 0) return L"Not set";
-#else
-  if (gmtime_r(&time, &parts) == nullptr) return L"Not set";
-#endif
+  if (!platform::utcTime(secondsSince1970, parts)) return L"Not set";
   wchar_t buffer[128];
   std::size_t length = 0;
   if (form == DateForm::Long) {

@@ -8,6 +8,8 @@
 
 namespace kvt1::platform {
 
+const wchar_t kLibrarySuffix[] = L".so";
+
 DynamicLibrary DynamicLibrary::load(const std::wstring& path) {
   DynamicLibrary library;
   library.handle_ = dlopen(nativePath(path).c_str(), RTLD_NOW | RTLD_LOCAL);
@@ -16,6 +18,10 @@ DynamicLibrary DynamicLibrary::load(const std::wstring& path) {
     library.error_ = fromUtf8(reason ? reason : "cannot load library");
   }
   return library;
+}
+
+void DynamicLibrary::keepLoaded(const std::wstring& fileName) {
+  dlopen(nativePath(fileName).c_str(), RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
 }
 
 void* DynamicLibrary::symbol(const char* name) const {

@@ -6,6 +6,8 @@
 
 namespace kvt1::platform {
 
+const wchar_t kLibrarySuffix[] = L".dll";
+
 DynamicLibrary DynamicLibrary::load(const std::wstring& path) {
   DynamicLibrary library;
   // Dependencies are looked up beside the library first, as the host does for modules.
@@ -14,6 +16,11 @@ DynamicLibrary DynamicLibrary::load(const std::wstring& path) {
     library.error_ = formatWide(L"cannot load '%s' (error %lu)", path.c_str(), GetLastError());
   }
   return library;
+}
+
+void DynamicLibrary::keepLoaded(const std::wstring& fileName) {
+  HMODULE pinned = nullptr;
+  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, fileName.c_str(), &pinned);
 }
 
 void* DynamicLibrary::symbol(const char* name) const {

@@ -1,13 +1,8 @@
 #include "tests/common/HeadlessRecorder.h"
 
+#include "platform/Export.h"
 #include "platform/HtmlHelp.h"
 #include "platform/MessageBox.h"
-
-#ifdef _WIN32
-#define TEST_EXPORT extern "C" __declspec(dllexport)
-#else
-#define TEST_EXPORT extern "C" __attribute__((visibility("default")))
-#endif
 
 namespace kvt1::testing {
 
@@ -20,7 +15,7 @@ HeadlessRecord& headless() {
 
 using kvt1::testing::headless;
 
-TEST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned type) {
+KVT1_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned type) {
   headless().messages.push_back(std::wstring(caption) + L": " + text);
   headless().messageTypes.push_back(type);
   if (headless().answers.empty()) return kvt1::platform::defaultMessageBoxAnswer(type);
@@ -29,7 +24,7 @@ TEST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* capti
   return answer;
 }
 
-TEST_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned command, unsigned long long data) {
+KVT1_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned command, unsigned long long data) {
   static int window = 0;
   if (command == kvt1::platform::kHhHelpContext) {
     headless().helpRequests.push_back(L"context " + std::to_wstring(data) + L" " + file);
@@ -39,7 +34,7 @@ TEST_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned command, un
   return &window;
 }
 
-TEST_EXPORT bool kvt1HeadlessShellOpen(const wchar_t* target, int) {
+KVT1_EXPORT bool kvt1HeadlessShellOpen(const wchar_t* target, int) {
   headless().shellOpened.push_back(target);
   return true;
 }

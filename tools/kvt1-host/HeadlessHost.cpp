@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/Export.h"
 #include "platform/HeadlessHost.h"
 #include "platform/HtmlHelp.h"
 #include "platform/MessageBox.h"
@@ -14,12 +15,6 @@
 #include "tools/kvt1-host/core/EmulatedHost.h"
 #ifndef _WIN32
 #include "platform/posix/HeadlessDesktop.h"
-#endif
-
-#ifdef _WIN32
-#define KVT1_HOST_EXPORT extern "C" __declspec(dllexport)
-#else
-#define KVT1_HOST_EXPORT extern "C" __attribute__((visibility("default")))
 #endif
 
 using kvt1::emu::EmulatedHost;
@@ -33,9 +28,9 @@ std::atomic<int> g_pendingWork{0};
 
 int kvt1::emu::pendingModuleWork() { return g_pendingWork; }
 
-KVT1_HOST_EXPORT void kvt1HeadlessPendingWork(int change) { g_pendingWork += change; }
+KVT1_EXPORT void kvt1HeadlessPendingWork(int change) { g_pendingWork += change; }
 
-KVT1_HOST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned type) {
+KVT1_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* caption, unsigned type) {
   EmulatedHost::instance().print(formatWide(L"message box: [%s] %s\n", caption, text));
   if (kvt1::emu::DialogDirector* director = kvt1::emu::DialogDirector::current()) {
     if (const std::optional<int> answer = director->answerMessageBox(type)) return *answer;
@@ -43,12 +38,12 @@ KVT1_HOST_EXPORT int kvt1HeadlessMessageBox(const wchar_t* text, const wchar_t* 
   return kvt1::platform::defaultMessageBoxAnswer(type);
 }
 
-KVT1_HOST_EXPORT bool kvt1HeadlessShellOpen(const wchar_t* target, int showCommand) {
+KVT1_EXPORT bool kvt1HeadlessShellOpen(const wchar_t* target, int showCommand) {
   EmulatedHost::instance().print(formatWide(L"shell open: %s (show %d)\n", target, showCommand));
   return true;
 }
 
-KVT1_HOST_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned command, unsigned long long data) {
+KVT1_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned command, unsigned long long data) {
   static int window = 0;
   if (command == kvt1::platform::kHhHelpContext) {
     EmulatedHost::instance().print(formatWide(L"help: topic %I64u of %s\n", data, file));
@@ -59,7 +54,7 @@ KVT1_HOST_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned comman
 }
 
 #ifndef _WIN32
-KVT1_HOST_EXPORT kvt1::platform::HeadlessDesktop* kvt1HeadlessDesktop() {
+KVT1_EXPORT kvt1::platform::HeadlessDesktop* kvt1HeadlessDesktop() {
   return &kvt1::platform::HeadlessDesktop::local();
 }
 #endif

@@ -1,9 +1,9 @@
 #include "htmlui/engine/litehtml/CairoContainer.h"
 
 #include "htmlui/engine/litehtml/CairoShapes.h"
+#include "platform/DynamicLibrary.h"
 
 #include <cairo.h>
-#include <dlfcn.h>
 #include <glib.h>
 
 #include <cmath>
@@ -34,7 +34,7 @@ std::string capitalized(const std::string& text) {
 // font libraries stay loaded when that module is unloaded, or that thread
 // would run in unmapped code and a later load would register the types twice.
 std::unique_ptr<PageContainer> makePageContainer() {
-  dlopen("libpangocairo-1.0.so.0", RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+  platform::DynamicLibrary::keepLoaded(L"libpangocairo-1.0.so.0");
   return std::make_unique<CairoContainer>();
 }
 
