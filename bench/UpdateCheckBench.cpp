@@ -1,7 +1,8 @@
-// What the start-up update check adds to the module's initialisation: one
-// check against the local update service answering an update, against a
-// port nobody listens on, and against a service that never answers (bounded
-// by the client library's total time-out), beside a check switched off.
+// One update check from request to filtered answer, as a check the user asked
+// for waits for it: against the local update service answering an update,
+// against a port nobody listens on, and against a service that never
+// answers (bounded by the client library's total time-out), beside a check
+// switched off.
 #include <benchmark/benchmark.h>
 
 #include "host/identity/ProductIdentity.h"
