@@ -21,7 +21,7 @@
 #include <vector>
 
 #include "host/ModulePath.h"
-#include "host/ProductIdentity.h"
+#include "host/identity/ProductIdentity.h"
 #include "online/CHvHttpClientManager.h"
 #include "platform/DynamicLibrary.h"
 #include "platform/ThisModule.h"
