@@ -10,7 +10,7 @@
 #include "tests/tools/EmulatorSession.h"
 #ifndef _WIN32
 #include "platform/posix/HeadlessDesktop.h"
-#include "tests/htmlui/litehtml/PngPixels.h"
+#include "tests/htmlui/engine/litehtml/PngPixels.h"
 #endif
 
 namespace kvt1::emu {

@@ -5,7 +5,7 @@
 
 #include "tests/tools/EmulatorSession.h"
 #ifndef _WIN32
-#include "tests/htmlui/litehtml/PngPixels.h"
+#include "tests/htmlui/engine/litehtml/PngPixels.h"
 #endif
 
 namespace kvt1::emu {

@@ -10,7 +10,7 @@
 #include "tests/common/HeadlessRecorder.h"
 #include "tests/htmlui/dialogs/ProductDialogTest.h"
 #ifndef _WIN32
-#include "tests/htmlui/litehtml/PngPixels.h"
+#include "tests/htmlui/engine/litehtml/PngPixels.h"
 #endif
 
 namespace kvt1::testing {

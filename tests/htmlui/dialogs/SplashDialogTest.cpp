@@ -12,7 +12,7 @@
 #include "tests/htmlui/dialogs/ProductDialogTest.h"
 #ifndef _WIN32
 #include "platform/posix/HeadlessDesktop.h"
-#include "tests/htmlui/litehtml/PngPixels.h"
+#include "tests/htmlui/engine/litehtml/PngPixels.h"
 #endif
 
 namespace kvt1::testing {

@@ -1,5 +1,5 @@
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
-#include "tests/htmlui/litehtml/win32/PngPicture.h"
+#include "tests/htmlui/engine/litehtml/win32/PngPicture.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
-#include "tests/htmlui/litehtml/PngPixels.h"
+#include "tests/htmlui/engine/litehtml/PngPixels.h"
 
 #include <cairo.h>
 #include <gtest/gtest.h>

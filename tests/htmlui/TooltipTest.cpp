@@ -7,7 +7,7 @@
 #include "platform/Resources.h"
 #include "platform/ThisModule.h"
 #include "tests/htmlui/TestDialogs.h"
-#include "tests/htmlui/dialogs/TextBoxDialog.h"
+#include "tests/htmlui/TextBoxDialog.h"
 #ifndef _WIN32
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "tests/htmlui/litehtml/win32/PngPicture.h"
+#include "tests/htmlui/engine/litehtml/win32/PngPicture.h"
 
 #include "htmlui/engine/litehtml/GdiplusApi.h"
 #include "htmlui/engine/litehtml/GdiplusPng.h"

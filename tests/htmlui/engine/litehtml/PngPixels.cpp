@@ -1,4 +1,4 @@
-#include "tests/htmlui/litehtml/PngPixels.h"
+#include "tests/htmlui/engine/litehtml/PngPixels.h"
 
 #include <cairo.h>
 

@@ -1,4 +1,4 @@
-#include "tests/htmlui/litehtml/win32/PageRender.h"
+#include "tests/htmlui/engine/litehtml/win32/PageRender.h"
 
 #include "htmlui/engine/litehtml/GdiplusApi.h"
 

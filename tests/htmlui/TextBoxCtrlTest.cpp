@@ -9,7 +9,7 @@
 #include "platform/Resources.h"
 #include "platform/ThisModule.h"
 #include "tests/htmlui/TestDialogs.h"
-#include "tests/htmlui/dialogs/TextBoxDialog.h"
+#include "tests/htmlui/TextBoxDialog.h"
 
 namespace kvt1::testing {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/htmlui/ControlsDialog.h"
 #include "tests/htmlui/TestDialogs.h"
-#include "tests/htmlui/dialogs/ControlsDialog.h"
 
 namespace kvt1::testing {
 namespace {

@@ -4,7 +4,7 @@
 // in KVT1_TEST_PICTURES when it names a folder, to look at; otherwise in a
 // temporary folder that the test removes unless it failed.
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
-#include "tests/htmlui/litehtml/win32/PngPicture.h"
+#include "tests/htmlui/engine/litehtml/win32/PngPicture.h"
 
 #include <gtest/gtest.h>
 
