@@ -3,16 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <memory>
 
-#include "host/ModulePath.h"
 #include "host/identity/ProductIdentity.h"
-#include "platform/ThisModule.h"
 #include "platform/Unicode.h"
 #include "settings/ProductKey.h"
-#include "tests/common/TestInstallation.h"
 #include "tests/online/OnlineTestSupport.h"
-#include "tools/kvt1-host/Session.h"
+#include "tests/tools/EmulatorSession.h"
 #include "tools/kvt1-update-service/UpdateService.h"
 
 namespace kvt1::testing {
@@ -20,7 +16,7 @@ namespace {
 
 using platform::RegistryRoot;
 
-class ModuleSession : public ::testing::Test {
+class ModuleSession : public emu::EmulatorSession {
  protected:
   void SetUp() override {
     ASSERT_TRUE(service.start());
@@ -35,21 +31,11 @@ class ModuleSession : public ::testing::Test {
 
   // Loads the module; the host's idle that follows shows the start-up check's findings unless told not to wait.
   void start(bool idle = true) {
-    session = std::make_unique<emu::Session>([this](const std::wstring& text) { output += text; });
-    const std::wstring module = splitModulePath(platform::thisModulePath()).folder + KVT1_TEST_MODULE_NAME;
-    ASSERT_TRUE(session->load(module)) << std::string(output.begin(), output.end());
-    if (idle) session->idle(true);
-  }
-  std::wstring run(const std::wstring& script) {
-    output.clear();
-    session->runScript(script);
-    return output;
+    EmulatorSession::start();
+    if (idle && !HasFatalFailure()) session->idle(true);
   }
 
-  TestInstallation installation;
   service::UpdateService service;
-  std::wstring output;
-  std::unique_ptr<emu::Session> session;
 };
 
 const wchar_t kNotificationShown[] =

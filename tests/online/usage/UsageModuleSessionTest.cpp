@@ -3,23 +3,20 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <memory>
 #include <thread>
 
-#include "host/ModulePath.h"
 #include "online/usage/ZlibText.h"
-#include "platform/ThisModule.h"
 #include "platform/Unicode.h"
 #include "settings/ProductKey.h"
 #include "tests/online/OnlineTestSupport.h"
 #include "tests/online/usage/UsageTestSupport.h"
-#include "tools/kvt1-host/Session.h"
+#include "tests/tools/EmulatorSession.h"
 #include "tools/kvt1-update-service/UpdateService.h"
 
 namespace kvt1::testing {
 namespace {
 
-class UsageModuleSession : public ::testing::Test {
+class UsageModuleSession : public emu::EmulatorSession {
  protected:
   void SetUp() override {
     ASSERT_TRUE(service.start());
@@ -34,16 +31,6 @@ class UsageModuleSession : public ::testing::Test {
   }
   void TearDown() override { session.reset(); }
 
-  void start() {
-    session = std::make_unique<emu::Session>([this](const std::wstring& text) { output += text; });
-    const std::wstring module = splitModulePath(platform::thisModulePath()).folder + KVT1_TEST_MODULE_NAME;
-    ASSERT_TRUE(session->load(module)) << std::string(output.begin(), output.end());
-  }
-  std::wstring run(const std::wstring& script) {
-    output.clear();
-    session->runScript(script);
-    return output;
-  }
   void stop() {
     session->unload();
     session.reset();
@@ -60,10 +47,7 @@ class UsageModuleSession : public ::testing::Test {
     return installation.folder() + L"\\UserData\\UsageReports\\UsageReport_0_30.rpt";
   }
 
-  TestInstallation installation;
   service::UpdateService service;
-  std::wstring output;
-  std::unique_ptr<emu::Session> session;
 };
 
 TEST_F(UsageModuleSession, CountsReachTheReportAndADueReportIsSent) {
