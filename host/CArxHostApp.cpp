@@ -70,7 +70,7 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
   // After the usage question, whose modal loop would otherwise start it: the
   // check's notification never comes up over the question.
   startModuleUpdateCheck(settings, adsw_acadMainWnd(), [this](const std::function<void()>& work) {
-    ResourceScope resources(m_hdllInstance, languageResources());
+    ResourceScope moduleResources(m_hdllInstance, languageResources());
     work();
   });
   return AcRx::kRetOK;

@@ -47,7 +47,7 @@ native_packages=(
   zlib1g-dev libjsoncpp-dev libcurl4-openssl-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   fp-utils
-  libpugixml-dev libtinyxml2-dev libxml2-dev libxml2-utils clang libclang-rt-14-dev
+  libpugixml-dev libtinyxml2-dev libxml2-dev libxml2-utils clang libclang-rt-14-dev clang-format clang-tidy
   libcairo2-dev libpango1.0-dev fonts-dejavu-core
 )
 mingw_packages=(
