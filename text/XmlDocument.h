@@ -4,7 +4,7 @@
 // without a node tree. Every load, save and parse leaves a result report that
 // names what happened (see XmlResultReport.h).
 //
-// Escaping, CDATA output and base64 are in XmlEntities.h and XmlBase64.h.
+// Escaping and CDATA output are in XmlEntities.h; base64 in platform/Base64.h.
 #include <string>
 #include <string_view>
 

@@ -2,7 +2,7 @@
 
 #include "online/CHvAutomaticUpdateManager.h"
 #include "online/CHvHttpClientManager.h"
-#include "online/usage/Base64.h"
+#include "platform/Base64.h"
 #include "platform/WideFormat.h"
 
 namespace kvt1::usage {
@@ -14,7 +14,8 @@ std::wstring usageUploadUrl() {
 }
 
 bool uploadReport(const std::wstring& url, std::uint32_t product, const std::vector<std::uint8_t>& buffer) {
-  const std::string frame = base64Encode(buffer);
+  const std::string frame =
+      platform::encodeBase64(std::string_view(reinterpret_cast<const char*>(buffer.data()), buffer.size()));
   const std::wstring body = platform::formatWide(L"{\"Product\":%u,\"Frame\":\"", product) +
                             std::wstring(frame.begin(), frame.end()) + L"\"}";
   std::wstring answer;

@@ -1,9 +1,8 @@
-// Escaping, CDATA output, base64 and the packed name tables.
+// Escaping, CDATA output and the packed name tables.
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "text/XmlBase64.h"
 #include "text/XmlCodePageTable.h"
 #include "text/XmlDocument.h"
 #include "text/XmlEntities.h"
@@ -60,30 +59,6 @@ TEST(XmlTextCoding, EncodingNamesFromThePackedTable) {
   EXPECT_EQ(codePageFromEncodingName(L"ISO-8859-1"), 28591u);
   EXPECT_EQ(codePageFromEncodingName(L"windows-125"), 0u);
   EXPECT_EQ(codePageFromEncodingName(L"no-such-encoding"), 0u);
-}
-
-TEST(XmlTextCoding, Base64RoundTripsEveryTailLength) {
-  std::string bytes;
-  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
-  for (std::size_t length : {0u, 1u, 2u, 3u, 4u, 5u, 255u, 256u}) {
-    const std::wstring text = encodeBase64(bytes.substr(0, length));
-    EXPECT_EQ(text.size() % 4, 0u);
-    std::string decoded;
-    ASSERT_TRUE(decodeBase64(text, decoded)) << length;
-    EXPECT_EQ(decoded, bytes.substr(0, length));
-  }
-  EXPECT_EQ(encodeBase64("Man"), L"TWFu");
-  EXPECT_EQ(encodeBase64("Ma"), L"TWE=");
-  EXPECT_EQ(encodeBase64(std::string("\xFB\xFF", 2)), L"+/8=");
-}
-
-TEST(XmlTextCoding, Base64DecodingPassesOverSpaceAndRejectsJunk) {
-  std::string decoded;
-  EXPECT_TRUE(decodeBase64(L" TW\r\nFu\tTWE= ", decoded));
-  EXPECT_EQ(decoded, "ManMa");
-  EXPECT_FALSE(decodeBase64(L"TW*u", decoded));
-  EXPECT_FALSE(decodeBase64(L"TWE=TWFu", decoded)) << "data after padding";
-  EXPECT_FALSE(decodeBase64(L"TWFuT", decoded)) << "a group of one character";
 }
 
 }  // namespace

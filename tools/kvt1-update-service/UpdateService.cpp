@@ -17,6 +17,8 @@
 #include <unistd.h>
 #endif
 
+#include "platform/Base64.h"
+
 namespace kvt1::service {
 namespace {
 
@@ -105,14 +107,6 @@ std::string headerValue(const std::string& head, const std::string& name) {
   return std::string();
 }
 
-int base64Value(char c) {
-  if (c >= 'A' && c <= 'Z') return c - 'A';
-  if (c >= 'a' && c <= 'z') return c - 'a' + 26;
-  if (c >= '0' && c <= '9') return c - '0' + 52;
-  if (c == '+') return 62;
-  if (c == '/') return 63;
-  return -1;
-}
 
 }  // namespace
 
@@ -122,25 +116,10 @@ bool decodeUploadFrame(const std::string& body, std::vector<std::uint8_t>& frame
   if (start == std::string::npos) return false;
   const std::size_t begin = start + key.size();
   const std::size_t end = body.find('"', begin);
-  if (end == std::string::npos || (end - begin) % 4 != 0) return false;
-  std::vector<std::uint8_t> bytes;
-  std::uint32_t group = 0;
-  int bits = 0;
-  for (std::size_t i = begin; i < end; ++i) {
-    if (body[i] == '=') {
-      if (end - i > 2) return false;
-      continue;
-    }
-    const int value = base64Value(body[i]);
-    if (value < 0) return false;
-    group = group << 6 | static_cast<std::uint32_t>(value);
-    bits += 6;
-    if (bits >= 8) {
-      bits -= 8;
-      bytes.push_back(static_cast<std::uint8_t>(group >> bits));
-    }
-  }
-  frame.swap(bytes);
+  std::string bytes;
+  if (end == std::string::npos || !platform::decodeBase64(std::string_view(body).substr(begin, end - begin), bytes))
+    return false;
+  frame.assign(bytes.begin(), bytes.end());
   return true;
 }
 
