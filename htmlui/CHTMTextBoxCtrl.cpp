@@ -10,15 +10,12 @@
 #include "htmlui/HTMCtrlInPlace.h"
 #include "htmlui/HTMEngine.h"
 #include "platform/Unicode.h"
+#include "platform/Win32.h"
 #include "text/TextResources.h"
 
 namespace kvt1 {
 namespace {
 
-constexpr UINT kVkReturn = 0x0D;
-constexpr UINT kVkEscape = 0x1B;
-constexpr UINT kVkUp = 0x26;
-constexpr UINT kVkDown = 0x28;
 constexpr UINT kPlaceRight = 6;
 constexpr int kMaxDecimals = 15;
 
@@ -207,17 +204,17 @@ void CHTMTextBoxCtrl::Spin(int direction) {
 BOOL CHTMTextBoxCtrl::handle_key(HELEMENT, KEY_PARAMS& params) {
   if (params.cmd != KEY_DOWN || params.target != Element().Handle()) return FALSE;
   switch (params.key_code) {
-    case kVkReturn:
+    case VK_RETURN:
       Commit();
       return TRUE;
-    case kVkEscape:
+    case VK_ESCAPE:
       if (GetText() == m_committed) return FALSE;
       WriteText(m_committed);
       return TRUE;
-    case kVkUp:
-    case kVkDown:
+    case VK_UP:
+    case VK_DOWN:
       if (!m_numeric) return FALSE;
-      Spin(params.key_code == kVkUp ? 1 : -1);
+      Spin(params.key_code == VK_UP ? 1 : -1);
       return TRUE;
     default:
       return FALSE;

@@ -1,34 +1,18 @@
 #include "htmlui/HTMPage.h"
 
-#include <cwctype>
 #include <string_view>
 
+#include "platform/CaseFolding.h"
 #include "platform/CodePage.h"
 #include "platform/TextDecoding.h"
 #include "platform/WideFormat.h"
+#include "platform/Win32.h"
 
 namespace kvt1 {
 namespace {
 
-constexpr std::uint32_t kWsChild = 0x40000000;
-constexpr std::uint32_t kWsPopup = 0x80000000;
-constexpr std::uint32_t kWsCaption = 0x00C00000;
-constexpr std::uint32_t kWsSysMenu = 0x00080000;
-constexpr std::uint32_t kWsThickFrame = 0x00040000;
-constexpr std::uint32_t kWsExDlgModalFrame = 0x00000001;
-constexpr std::uint32_t kWsExTopmost = 0x00000008;
-constexpr std::uint32_t kWsExWindowEdge = 0x00000100;
-
 // The longest URL the engine's requests are read up to.
 constexpr std::size_t kMaxUrl = 260;
-
-bool equalsWithoutCase(std::wstring_view a, std::wstring_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    if (std::towupper(a[i]) != std::towupper(b[i])) return false;
-  }
-  return true;
-}
 
 }  // namespace
 
@@ -76,17 +60,17 @@ PageMarkers findPageMarkers(const std::wstring& page) {
 
 WindowStyles dialogWindowStyles(const PageMarkers& markers, std::uint32_t baseStyle) {
   WindowStyles styles;
-  styles.exStyle = markers.splash ? kWsExTopmost : markers.child ? 0 : kWsExDlgModalFrame | kWsExWindowEdge;
+  styles.exStyle = markers.splash ? WS_EX_TOPMOST : markers.child ? 0 : WS_EX_DLGMODALFRAME | WS_EX_WINDOWEDGE;
   if (markers.child) {
-    styles.style = kWsChild;
+    styles.style = WS_CHILD;
   } else if (markers.resizeable) {
-    styles.style = kWsPopup | kWsCaption | kWsSysMenu | kWsThickFrame;
+    styles.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
   } else if (markers.splash) {
-    styles.style = kWsPopup;
+    styles.style = WS_POPUP;
   } else if (markers.noCloseButton) {
-    styles.style = kWsPopup | kWsCaption;
+    styles.style = WS_POPUP | WS_CAPTION;
   } else {
-    styles.style = kWsPopup | kWsCaption | kWsSysMenu;
+    styles.style = WS_POPUP | WS_CAPTION | WS_SYSMENU;
   }
   if (!markers.child) styles.style |= baseStyle;
   return styles;
@@ -107,7 +91,7 @@ PageResourceName resourceForUrl(const std::wstring& url) {
   if (dot == std::wstring::npos) return {platform::kResourceTypeHtml, name};
   const std::wstring extension = name.substr(dot + 1);
   name.erase(dot);
-  if (extension.empty() || equalsWithoutCase(extension, L"HTML")) return {platform::kResourceTypeHtml, name};
+  if (extension.empty() || platform::equalsIgnoringCase(extension, L"HTML")) return {platform::kResourceTypeHtml, name};
   return {extension, name};
 }
 

@@ -6,16 +6,12 @@
 
 #include "htmlui/CHTMElement.h"
 #include "htmlui/HTMEngine.h"
+#include "platform/Win32.h"
 
 namespace htmlayout {
 namespace {
 
 using kvt1::CHTMElement;
-
-constexpr UINT kVkEnd = 0x23;
-constexpr UINT kVkHome = 0x24;
-constexpr UINT kVkLeft = 0x25;
-constexpr UINT kVkRight = 0x27;
 
 constexpr const wchar_t* kHeaders = L":root>.strip>[panel]";
 constexpr const wchar_t* kCurrentHeader = L":root>.strip>[panel]:current";
@@ -59,10 +55,10 @@ CHTMElement headerForKey(const std::vector<CHTMElement>& headers, const CHTMElem
   int from = 0;
   int step = 1;
   switch (key) {
-    case kVkHome: from = 0; break;
-    case kVkEnd: from = count - 1; step = -1; break;
-    case kVkRight: from = at + 1; break;
-    case kVkLeft: from = at < 0 ? count - 1 : at - 1; step = -1; break;
+    case VK_HOME: from = 0; break;
+    case VK_END: from = count - 1; step = -1; break;
+    case VK_RIGHT: from = at + 1; break;
+    case VK_LEFT: from = at < 0 ? count - 1 : at - 1; step = -1; break;
     default: return {};
   }
   for (int i = from; i >= 0 && i < count; i += step)
@@ -126,8 +122,8 @@ BOOL tabs::handle_mouse(HELEMENT he, MOUSE_PARAMS& params) {
 
 BOOL tabs::handle_key(HELEMENT he, KEY_PARAMS& params) {
   if (params.cmd != KEY_DOWN || !withinStrip(he, params.target)) return FALSE;
-  if (params.key_code != kVkLeft && params.key_code != kVkRight && params.key_code != kVkHome &&
-      params.key_code != kVkEnd)
+  if (params.key_code != VK_LEFT && params.key_code != VK_RIGHT && params.key_code != VK_HOME &&
+      params.key_code != VK_END)
     return FALSE;
   const CHTMElement next =
       headerForKey(headersOf(he), CHTMElement(he).SelectFirst(kCurrentHeader), params.key_code);

@@ -7,39 +7,7 @@
 #include <functional>
 #include <string>
 
-#ifdef _WIN32
-#include <windows.h>
-#else
-// Declared the same way as in host/arx/ArxTypes.h, so both may be included.
-typedef struct HWND__* HWND;
-
-// The window messages that the dialogs use, with their Windows numbers.
-#ifndef WM_DESTROY
-#define WM_DESTROY 0x0002
-#define WM_SIZE 0x0005
-#define WM_SETFOCUS 0x0007
-#define WM_KILLFOCUS 0x0008
-#define WM_PAINT 0x000F
-#define WM_ERASEBKGND 0x0014
-#define WM_GETMINMAXINFO 0x0024
-#define WM_CLOSE 0x0010
-#define WM_QUIT 0x0012
-#define WM_SETICON 0x0080
-#define WM_NCDESTROY 0x0082
-#define WM_KEYDOWN 0x0100
-#define WM_KEYUP 0x0101
-#define WM_CHAR 0x0102
-#define WM_INITDIALOG 0x0110
-#define WM_TIMER 0x0113
-#define WM_MOUSEMOVE 0x0200
-#define WM_LBUTTONDOWN 0x0201
-#define WM_LBUTTONUP 0x0202
-#define WM_RBUTTONDOWN 0x0204
-#define WM_RBUTTONUP 0x0205
-#define WM_MOUSELEAVE 0x02A3
-#define WM_USER 0x0400
-#endif
-#endif
+#include "platform/Win32.h"
 
 namespace kvt1::platform {
 

@@ -4,12 +4,7 @@
 // codes, status codes, and the handle types of the Windows API.
 #include <cstdint>
 
-#ifdef _WIN32
-#include <windows.h>
-#else
-typedef struct HINSTANCE__* HINSTANCE;
-typedef struct HWND__* HWND;
-#endif
+#include "platform/Win32.h"
 
 typedef wchar_t ACHAR;
 

@@ -7,14 +7,14 @@
 #include "htmlui/engine/HtmlWriter.h"
 #include "htmlui/engine/InlineStyle.h"
 #include "htmlui/engine/PageText.h"
+#include "platform/CaseFolding.h"
 #include "platform/Unicode.h"
+#include "platform/Win32.h"
 
 namespace kvt1::html {
 namespace {
 
 constexpr UINT kTransientStates = STATE_FOCUS | STATE_HOVER | STATE_POPUP | STATE_OWNS_POPUP;
-constexpr UINT kWmSize = 0x0005;
-constexpr UINT kWmNcDestroy = 0x0082;
 
 bool isBlank(const std::wstring& text) {
   return std::all_of(text.begin(), text.end(), [](wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n'; });
@@ -161,12 +161,12 @@ VOID DomEngine::SetCallback(HWND hwnd, LPHTMLAYOUT_NOTIFY cb, LPVOID cbParam) {
 LRESULT DomEngine::ProcND(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam, BOOL* pbHandled) {
   if (pbHandled != nullptr) *pbHandled = FALSE;
   if (hwnd == nullptr) return 0;
-  if (msg == kWmSize) {
+  if (msg == WM_SIZE) {
     setViewSize(hwnd, static_cast<int>(lParam & 0xFFFF), static_cast<int>((lParam >> 16) & 0xFFFF));
     return 0;
   }
   // The window is gone: so is its page (elements still in use stay valid, detached).
-  if (msg == kWmNcDestroy) {
+  if (msg == WM_NCDESTROY) {
     closeView(hwnd);
     return 0;
   }
@@ -301,7 +301,7 @@ HLDOM_RESULT DomEngine::SetStyleAttribute(HELEMENT he, LPCSTR name, LPCWSTR valu
   Element* e = element(he);
   if (e == nullptr) return HLDOM_INVALID_HANDLE;
   if (name == nullptr || *name == '\0') return HLDOM_INVALID_PARAMETER;
-  const std::string key = asciiLower(name);
+  const std::string key = platform::asciiLowerCase(name);
   auto& styles = e->runtimeStyles;
   const auto found = std::find_if(styles.begin(), styles.end(), [&](const auto& s) { return s.first == key; });
   if (value == nullptr || *value == L'\0') {

@@ -6,18 +6,10 @@
 
 #include "htmlui/engine/AutomationMessages.h"
 #include "platform/Unicode.h"
+#include "platform/Win32.h"
 
 namespace kvt1::html {
 namespace {
-
-constexpr UINT kWmMouseMove = 0x0200;
-constexpr UINT kWmLButtonDown = 0x0201;
-constexpr UINT kWmLButtonUp = 0x0202;
-constexpr UINT kWmRButtonDown = 0x0204;
-constexpr UINT kWmRButtonUp = 0x0205;
-constexpr UINT kWmKeyDown = 0x0100;
-constexpr UINT kWmKeyUp = 0x0101;
-constexpr UINT kWmChar = 0x0102;
 
 // The elements that act on a click; a click elsewhere does nothing.
 const char* const kClickableTags[] = {"button", "input", "a", "li", "option", "select", "textarea"};
@@ -122,35 +114,35 @@ LRESULT locate(DomEngine& engine, HWND hwnd, AutomationQuery* query) {
 LRESULT answerInput(DomEngine& engine, HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam, bool& handled) {
   handled = true;
   switch (msg) {
-    case kWmMouseMove:
+    case WM_MOUSEMOVE:
       engine.setHover(hwnd, elementAt(engine, hwnd, lParam));
       return 0;
-    case kWmLButtonDown:
+    case WM_LBUTTONDOWN:
       releasePressed(engine, hwnd);
       if (HELEMENT under = elementAt(engine, hwnd, lParam)) engine.mouse(hwnd, MOUSE_DOWN, under, pointOf(lParam));
       if (HELEMENT target = clickTargetAt(engine, hwnd, lParam)) engine.SetElementState(target, STATE_PRESSED, 0, TRUE);
       return 0;
-    case kWmLButtonUp:
+    case WM_LBUTTONUP:
       if (HELEMENT under = elementAt(engine, hwnd, lParam)) engine.mouse(hwnd, MOUSE_UP, under, pointOf(lParam));
       buttonUp(engine, hwnd, lParam);
       return 0;
-    case kWmKeyDown:
+    case WM_KEYDOWN:
       engine.key(hwnd, KEY_DOWN, static_cast<UINT>(wParam), 0);
       engine.pumpPosted();
       return 0;
-    case kWmKeyUp:
+    case WM_KEYUP:
       engine.key(hwnd, KEY_UP, static_cast<UINT>(wParam), 0);
       engine.pumpPosted();
       return 0;
-    case kWmChar:
+    case WM_CHAR:
       engine.key(hwnd, KEY_CHAR, static_cast<UINT>(wParam), 0);
       engine.pumpPosted();
       return 0;
-    case kWmRButtonDown:
+    case WM_RBUTTONDOWN:
       // A press elsewhere dismisses the open popups, as a menu does.
       engine.closePopupsOutside(hwnd, elementAt(engine, hwnd, lParam));
       return 0;
-    case kWmRButtonUp:
+    case WM_RBUTTONUP:
       if (HELEMENT under = elementAt(engine, hwnd, lParam)) engine.contextMenu(hwnd, under, pointOf(lParam));
       engine.pumpPosted();
       return 0;

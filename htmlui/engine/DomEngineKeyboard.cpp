@@ -6,11 +6,10 @@
 #include <vector>
 
 #include "htmlui/engine/DomEngine.h"
+#include "platform/Win32.h"
 
 namespace kvt1::html {
 namespace {
-
-constexpr UINT kVkTab = 0x09;
 
 bool isFocusable(const DomTree& tree, const Element& e) {
   if (e.tag == "input" || e.tag == "textarea" || e.tag == "select" || e.tag == "button") return true;
@@ -31,7 +30,7 @@ bool DomEngine::key(HWND hwnd, UINT cmd, UINT code, UINT altState) {
   const bool handled = dispatch(*target, HANDLE_KEY, &params.cmd, &params);
   if (handled) return true;
   // A key nobody took moves the focus (TAB) or edits the focused text field.
-  if (cmd == KEY_DOWN && code == kVkTab) {
+  if (cmd == KEY_DOWN && code == VK_TAB) {
     tabFocus(hwnd, (altState & SHIFT_KEY_PRESSED) != 0);
   } else {
     editByKey(n, cmd, code);

@@ -1,12 +1,11 @@
 #include "htmlui/engine/DomTextEditing.h"
 
 #include "htmlui/engine/HtmlWriter.h"
+#include "platform/CaseFolding.h"
+#include "platform/Win32.h"
 
 namespace kvt1::html {
 namespace {
-
-constexpr UINT kVkBack = 0x08;
-constexpr UINT kVkDelete = 0x2E;
 
 bool isEditable(const Element& e, const DomTree& tree) {
   if (!DomTextEditing::isTextField(e, tree) || (e.state & STATE_READONLY) != 0) return false;
@@ -27,7 +26,7 @@ bool DomTextEditing::isTextField(const Element& e, const DomTree& tree) {
   if (e.tag == "textarea") return true;
   if (e.tag != "input") return false;
   const std::wstring* type = tree.attributeValue(e, "type");
-  return type == nullptr || asciiLower(*type) == L"text";
+  return type == nullptr || platform::asciiLowerCase(*type) == L"text";
 }
 
 std::optional<DomTextEditing::Edit> DomTextEditing::editFor(const Element& e, const DomTree& tree, UINT cmd,
@@ -38,8 +37,8 @@ std::optional<DomTextEditing::Edit> DomTextEditing::editFor(const Element& e, co
   if (cmd == KEY_CHAR && code >= 0x20 && code != 0x7F)
     return Edit{(all ? std::wstring() : text) + static_cast<wchar_t>(code), BY_INS_CHAR};
   if (cmd != KEY_DOWN || text.empty()) return std::nullopt;
-  if ((code == kVkBack || code == kVkDelete) && all) return Edit{std::wstring(), BY_DEL_CHARS};
-  if (code == kVkBack) return Edit{text.substr(0, text.size() - 1), BY_DEL_CHAR};
+  if ((code == VK_BACK || code == VK_DELETE) && all) return Edit{std::wstring(), BY_DEL_CHARS};
+  if (code == VK_BACK) return Edit{text.substr(0, text.size() - 1), BY_DEL_CHAR};
   return std::nullopt;
 }
 

@@ -3,7 +3,14 @@
 // result codes, element states, event groups and codes, the event parameter
 // records, callbacks, notifications and the VALUE type. Names and numbers are
 // those of the library's 3.3 series.
-#include "htmlui/engine/WinTypes.h"
+#include "platform/Win32.h"
+
+// The library's callbacks use the Windows calling convention.
+#ifdef _WIN32
+#define HLCALLBACK CALLBACK
+#else
+#define HLCALLBACK
+#endif
 
 typedef const BYTE* LPCBYTE;
 

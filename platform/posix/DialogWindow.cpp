@@ -10,8 +10,6 @@ namespace {
 HeadlessDesktop& desktop() { return HeadlessDesktop::instance(); }
 HeadlessWindow* find(HWND window) { return desktop().find(window); }
 
-constexpr std::uint32_t kWsThickFrame = 0x00040000;
-
 }  // namespace
 
 HWND createDialogWindow(HWND owner, std::uint32_t style, std::uint32_t exStyle, DialogWindowProcedure* procedure) {
@@ -159,7 +157,7 @@ bool moveWindow(HWND window, int x, int y, int width, int height) {
   HeadlessWindow* w = find(window);
   if (w == nullptr) return false;
   // As on Windows, a window with a sizing frame is sized within the limits its procedure gives.
-  if ((w->style & kWsThickFrame) != 0) {
+  if ((w->style & WS_THICKFRAME) != 0) {
     TrackSizeLimits limits;
     desktop().send(window, WM_GETMINMAXINFO, 0, reinterpret_cast<std::intptr_t>(&limits));
     if (find(window) != w) return false;

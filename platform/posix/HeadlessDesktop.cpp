@@ -4,15 +4,12 @@
 #include <chrono>
 
 #include "platform/HeadlessHost.h"
+#include "platform/Win32.h"
 
 namespace kvt1::platform {
 namespace {
 
-constexpr std::uint32_t kWsChild = 0x40000000;
-constexpr std::uint32_t kWsExTopmost = 0x00000008;
 constexpr std::uint64_t kMinimumTimerPeriod = 10;
-constexpr std::uintptr_t kMkLButton = 0x0001;
-constexpr std::uintptr_t kMkRButton = 0x0002;
 
 std::intptr_t pointParam(WindowPoint point) {
   return static_cast<std::intptr_t>((static_cast<std::uint32_t>(point.y & 0xFFFF) << 16) |
@@ -21,7 +18,7 @@ std::intptr_t pointParam(WindowPoint point) {
 
 }  // namespace
 
-bool HeadlessWindow::isChild() const { return (style & kWsChild) != 0; }
+bool HeadlessWindow::isChild() const { return (style & WS_CHILD) != 0; }
 
 HeadlessDesktop& HeadlessDesktop::instance() {
   static HeadlessDesktop* const desktop = [] {
@@ -42,7 +39,7 @@ void HeadlessDesktop::setSize(int width, int height) {
 }
 
 HWND HeadlessDesktop::create(HWND owner, std::uint32_t style, std::uint32_t exStyle, DialogWindowProcedure* procedure) {
-  if ((style & kWsChild) != 0 && find(owner) == nullptr) return nullptr;
+  if ((style & WS_CHILD) != 0 && find(owner) == nullptr) return nullptr;
   auto window = std::make_unique<HeadlessWindow>();
   lastHandle_ += 4;
   window->handle = reinterpret_cast<HWND>(lastHandle_);
@@ -129,7 +126,7 @@ HWND HeadlessDesktop::windowAt(WindowPoint screen) {
     // Children are newer than their parents, so the innermost window is met first.
     for (auto it = windows_.rbegin(); it != windows_.rend(); ++it) {
       const HeadlessWindow& w = **it;
-      if (((w.exStyle & kWsExTopmost) != 0) == topmost && shown(w) &&
+      if (((w.exStyle & WS_EX_TOPMOST) != 0) == topmost && shown(w) &&
           screenRect(w.handle).contains(screen.x, screen.y)) {
         return w.handle;
       }
@@ -298,7 +295,7 @@ std::optional<std::uint64_t> HeadlessDesktop::nextTimerDue() const {
 bool HeadlessDesktop::click(HWND window, WindowPoint client, bool rightButton) {
   if (!hover(window, client)) return false;
   const std::intptr_t at = pointParam(client);
-  post(window, rightButton ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, rightButton ? kMkRButton : kMkLButton, at);
+  post(window, rightButton ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, rightButton ? MK_RBUTTON : MK_LBUTTON, at);
   post(window, rightButton ? WM_RBUTTONUP : WM_LBUTTONUP, 0, at);
   return true;
 }

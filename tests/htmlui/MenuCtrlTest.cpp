@@ -11,6 +11,7 @@
 
 #include "platform/DialogWindow.h"
 #include "platform/Unicode.h"
+#include "platform/Win32.h"
 #include "tests/htmlui/TestDialogs.h"
 #ifdef _WIN32
 #include <windows.h>
@@ -374,8 +375,8 @@ TEST_F(MenuLayoutTest, ARightClickOnTheRenderedPageOpensTheMenuWhereThePointerIs
   ASSERT_GT(surface.right, surface.left);
   const POINT point{surface.left + 5, surface.top + 3};
   moveCursor(point);
-  platform::sendMessage(dialog.GetHwnd(), 0x0204, 2, at(point));
-  platform::sendMessage(dialog.GetHwnd(), 0x0205, 0, at(point));
+  platform::sendMessage(dialog.GetHwnd(), WM_RBUTTONDOWN, 2, at(point));
+  platform::sendMessage(dialog.GetHwnd(), WM_RBUTTONUP, 0, at(point));
   const CHTMElement context = dialog.ContextMenu().Element();
   ASSERT_TRUE(shown(context));
   const RECT box = location(context);
@@ -386,8 +387,8 @@ TEST_F(MenuLayoutTest, ARightClickOnTheRenderedPageOpensTheMenuWhereThePointerIs
   // The second item is where the pointer chooses it.
   const RECT second = location(context.SelectAll(L"li")[1]);
   const POINT choice{(second.left + second.right) / 2, (second.top + second.bottom) / 2};
-  platform::sendMessage(dialog.GetHwnd(), 0x0201, 1, at(choice));
-  platform::sendMessage(dialog.GetHwnd(), 0x0202, 0, at(choice));
+  platform::sendMessage(dialog.GetHwnd(), WM_LBUTTONDOWN, 1, at(choice));
+  platform::sendMessage(dialog.GetHwnd(), WM_LBUTTONUP, 0, at(choice));
   EXPECT_EQ(dialog.commands, (std::vector<std::pair<std::wstring, unsigned>>{{L"surface", 102}}));
 }
 

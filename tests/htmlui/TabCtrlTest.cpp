@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "htmlui/HTMEngine.h"
+#include "platform/Win32.h"
 #include "tests/htmlui/TestDialogs.h"
 #ifndef _WIN32
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
@@ -13,11 +14,6 @@
 
 namespace kvt1::testing {
 namespace {
-
-constexpr UINT kVkEnd = 0x23;
-constexpr UINT kVkHome = 0x24;
-constexpr UINT kVkLeft = 0x25;
-constexpr UINT kVkRight = 0x27;
 
 struct TabChange {
   CHTMCtrl* control = nullptr;
@@ -303,25 +299,25 @@ TEST_F(TabCtrlTest, KeysMoveBetweenHeadersWhileTheStripHasTheFocus) {
   ASSERT_TRUE(dialog.Create());
   dialog.changes.clear();
   const HWND hwnd = dialog.GetHwnd();
-  EXPECT_FALSE(engine_.key(hwnd, KEY_DOWN, kVkRight, 0));
+  EXPECT_FALSE(engine_.key(hwnd, KEY_DOWN, VK_RIGHT, 0));
   EXPECT_EQ(options.GetCurrentTab(), 1);
 
   ASSERT_TRUE(engine_.setFocus(hwnd, options.Strip().Handle()));
   // Past the hidden and the disabled header to the last one, where it stays.
-  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, kVkRight, 0));
+  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, VK_RIGHT, 0));
   EXPECT_EQ(options.GetCurrentTab(), 4);
-  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, kVkRight, 0));
+  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, VK_RIGHT, 0));
   EXPECT_EQ(options.GetCurrentTab(), 4);
-  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, kVkHome, 0));
+  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, VK_HOME, 0));
   EXPECT_EQ(options.GetCurrentTab(), 0);
-  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, kVkLeft, 0));
+  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, VK_LEFT, 0));
   EXPECT_EQ(options.GetCurrentTab(), 0);
-  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, kVkEnd, 0));
-  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, kVkLeft, 0));
+  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, VK_END, 0));
+  EXPECT_TRUE(engine_.key(hwnd, KEY_DOWN, VK_LEFT, 0));
   EXPECT_EQ(options.GetCurrentTab(), 1);
   // Other keys and key releases pass.
   EXPECT_FALSE(engine_.key(hwnd, KEY_DOWN, 0x41, 0));
-  EXPECT_FALSE(engine_.key(hwnd, KEY_UP, kVkRight, 0));
+  EXPECT_FALSE(engine_.key(hwnd, KEY_UP, VK_RIGHT, 0));
   EXPECT_EQ(options.GetCurrentTab(), 1);
 
   EXPECT_EQ(dialog.indexes(), (std::vector<int>{4, 0, 4, 1}));

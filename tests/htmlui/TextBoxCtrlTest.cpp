@@ -8,16 +8,13 @@
 #include "platform/Unicode.h"
 #include "platform/Resources.h"
 #include "platform/ThisModule.h"
+#include "platform/Win32.h"
 #include "tests/htmlui/TestDialogs.h"
 #include "tests/htmlui/TextBoxDialog.h"
 
 namespace kvt1::testing {
 namespace {
 
-constexpr UINT kVkReturn = 0x0D;
-constexpr UINT kVkEscape = 0x1B;
-constexpr UINT kVkUp = 0x26;
-constexpr UINT kVkDown = 0x28;
 const std::wstring kNoLimit = L"No Limit";
 
 class TextBoxCtrlTest : public DialogTest {
@@ -136,7 +133,7 @@ TEST_F(TextBoxCtrlTest, TypingIsCommittedOnlyOnEnterOrWhenTheFocusGoes) {
   type(L"42.5");  // the focus selected the text: typing replaced it
   EXPECT_EQ(height.GetText(), L"42.5");
   EXPECT_TRUE(dialog.events.empty());
-  EXPECT_TRUE(press(kVkReturn));
+  EXPECT_TRUE(press(VK_RETURN));
   ASSERT_EQ(dialog.events.size(), 1u);
   EXPECT_EQ(dialog.events[0].control, &height);
   EXPECT_EQ(dialog.events[0].code, static_cast<UINT>(EDIT_VALUE_CHANGED));
@@ -151,9 +148,9 @@ TEST_F(TextBoxCtrlTest, TypingIsCommittedOnlyOnEnterOrWhenTheFocusGoes) {
   EXPECT_EQ(dialog.events.size(), 1u);
   focus(&height);
   type(L"7");
-  EXPECT_TRUE(press(kVkEscape));
+  EXPECT_TRUE(press(VK_ESCAPE));
   EXPECT_EQ(height.GetText(), L"42.50");
-  EXPECT_FALSE(press(kVkEscape));  // nothing to undo: the key is left to others
+  EXPECT_FALSE(press(VK_ESCAPE));  // nothing to undo: the key is left to others
   focus(nullptr);
   EXPECT_EQ(dialog.events.size(), 1u);
 }
@@ -203,7 +200,7 @@ TEST_F(TextBoxCtrlTest, TextNaNAndInfinityAreRefusedAndTheLastGoodValueComesBack
   focus(&height);
   press(0x08);
   EXPECT_EQ(height.GetText(), L"");
-  press(kVkReturn);
+  press(VK_RETURN);
   EXPECT_EQ(height.GetText(), L"12.5");
   EXPECT_TRUE(dialog.events.back().rejected);
 
@@ -220,27 +217,27 @@ TEST_F(TextBoxCtrlTest, UpAndDownSpinByTheStepWithinTheLimits) {
   height.SetStep(5);
   height.SetLimits(0.0, 22.0);
   focus(&height);
-  EXPECT_TRUE(press(kVkUp));
+  EXPECT_TRUE(press(VK_UP));
   EXPECT_EQ(height.GetText(), L"15.0");
-  press(kVkUp);
-  press(kVkUp);  // 25 is beyond the limit
+  press(VK_UP);
+  press(VK_UP);  // 25 is beyond the limit
   EXPECT_EQ(height.GetText(), L"22.0");
   ASSERT_EQ(dialog.events.size(), 3u);
   EXPECT_DOUBLE_EQ(dialog.events[2].number, 22.0);
   EXPECT_FALSE(dialog.events[2].clamped);  // the spin keeps within the limits itself
-  press(kVkUp);  // at the limit: nothing changes, nothing is told
+  press(VK_UP);  // at the limit: nothing changes, nothing is told
   EXPECT_EQ(dialog.events.size(), 3u);
-  press(kVkDown);
+  press(VK_DOWN);
   EXPECT_EQ(height.GetText(), L"17.0");
 
   // From text that is no number the spin starts at the last good value.
   type(L"x");
-  press(kVkDown);
+  press(VK_DOWN);
   EXPECT_EQ(height.GetText(), L"12.0");
 
   // A free text field leaves the keys alone.
   focus(&name);
-  EXPECT_FALSE(press(kVkUp));
+  EXPECT_FALSE(press(VK_UP));
   EXPECT_EQ(name.GetText(), L"Runway 09");
 }
 
@@ -319,7 +316,7 @@ TEST_F(TextBoxCtrlTest, SettingsMadeBeforeBindingAreWrittenWhenTheFieldIsBound) 
   EXPECT_EQ(height.Element().GetAttribute("step"), L"2");
   EXPECT_EQ(height.Element().GetAttribute("format"), L"fdigits:0;leading-zero:true;thousand-sep:'';grouping-sep:'';");
   focus(&height);
-  press(kVkUp);
+  press(VK_UP);
   EXPECT_EQ(height.GetText(), L"5");
 }
 

@@ -1,7 +1,9 @@
 #include "tools/kvt1-host/DialogDirective.h"
 
 #include <cwchar>
-#include <cwctype>
+
+#include "platform/CaseFolding.h"
+#include "platform/Win32.h"
 
 namespace kvt1::emu {
 namespace {
@@ -36,9 +38,9 @@ struct KeyName {
 };
 
 // Virtual-key codes of the keys that dialogs answer.
-const KeyName kKeys[] = {{L"BACK", 0x08},  {L"TAB", 0x09},   {L"RETURN", 0x0D}, {L"ESCAPE", 0x1B},
-                         {L"END", 0x23},   {L"HOME", 0x24},  {L"LEFT", 0x25},   {L"UP", 0x26},
-                         {L"RIGHT", 0x27}, {L"DOWN", 0x28},  {L"DELETE", 0x2E}};
+const KeyName kKeys[] = {{L"BACK", VK_BACK},   {L"TAB", VK_TAB},   {L"RETURN", VK_RETURN}, {L"ESCAPE", VK_ESCAPE},
+                         {L"END", VK_END},     {L"HOME", VK_HOME}, {L"LEFT", VK_LEFT},     {L"UP", VK_UP},
+                         {L"RIGHT", VK_RIGHT}, {L"DOWN", VK_DOWN}, {L"DELETE", VK_DELETE}};
 
 std::optional<unsigned> keyCode(const std::wstring& name) {
   for (const KeyName& key : kKeys)
@@ -104,8 +106,7 @@ std::optional<DialogDirective> parseDialogDirective(const std::wstring& text, in
     return directive;
   }
   if (name == L"key") {
-    std::wstring upper = rest;
-    for (wchar_t& c : upper) c = static_cast<wchar_t>(std::towupper(c));
+    const std::wstring upper = platform::upperCase(rest);
     const std::optional<unsigned> code = keyCode(upper);
     if (!code) {
       error = L"@key takes LEFT, RIGHT, UP, DOWN, HOME, END, RETURN, ESCAPE, TAB, BACK or DELETE: " + rest;
@@ -135,8 +136,7 @@ std::optional<DialogDirective> parseDialogDirective(const std::wstring& text, in
     return directive;
   }
   if (name == L"answer") {
-    std::wstring upper = rest;
-    for (wchar_t& c : upper) c = static_cast<wchar_t>(std::towupper(c));
+    const std::wstring upper = platform::upperCase(rest);
     const std::optional<int> code = answerCode(upper);
     if (!code) {
       error = L"@answer takes OK, CANCEL, YES or NO: " + rest;

@@ -9,6 +9,7 @@
 #include "htmlui/dialogs/CKVTAbout.h"
 #include "htmlui/engine/AutomationMessages.h"
 #include "platform/DialogWindow.h"
+#include "platform/Win32.h"
 #include "tests/htmlui/dialogs/ProductDialogTest.h"
 #ifndef _WIN32
 #include "platform/posix/HeadlessDesktop.h"
@@ -17,10 +18,6 @@
 
 namespace kvt1::testing {
 namespace {
-
-constexpr unsigned kWsPopup = 0x80000000u;
-constexpr unsigned kWsCaption = 0x00C00000u;
-constexpr unsigned kWsExTopmost = 0x8u;
 
 class SplashDialogTest : public ProductDialogTest {
  protected:
@@ -40,9 +37,9 @@ class SplashDialogTest : public ProductDialogTest {
 TEST_F(SplashDialogTest, IsATopmostPictureWithTheVersionWrittenOnIt) {
   ASSERT_TRUE(splash.ShowAtStartUp());
   ASSERT_TRUE(splash.IsShown());
-  EXPECT_EQ(splash.Style(), kWsPopup);
-  EXPECT_EQ(platform::windowStyle(splash.GetHwnd()) & kWsCaption, 0u);
-  EXPECT_EQ(splash.ExStyle(), kWsExTopmost);
+  EXPECT_EQ(splash.Style(), WS_POPUP);
+  EXPECT_EQ(platform::windowStyle(splash.GetHwnd()) & WS_CAPTION, 0u);
+  EXPECT_EQ(splash.ExStyle(), WS_EX_TOPMOST);
   EXPECT_EQ(platform::windowText(splash.GetHwnd()), L"KVT");  // named in the task bar, though it has no caption
   EXPECT_EQ(splash.ElementById(L"splashImage").GetStyle("background-image"), L"url(IMG_VRMSPLASH.IMAGES)");
   EXPECT_EQ(splash.ElementById(L"versionType").GetText(), L"Version");

@@ -11,15 +11,13 @@
 #include <vector>
 
 #include "htmlui/engine/HtmlayoutEventHandler.h"
+#include "platform/Win32.h"
 #include "tests/htmlui/engine/EngineTestSupport.h"
 
 namespace kvt1::html {
 namespace {
 
 using namespace test;
-
-constexpr UINT kRButtonDown = 0x0204;
-constexpr UINT kRButtonUp = 0x0205;
 
 // Fixed boxes for ordinary elements. A popup's box is where the layout HTML's
 // "left" and "top" put it, shifted by its containing block's offset, as a
@@ -171,17 +169,17 @@ TEST_F(ContextMenuTest, WithoutAMenuStyleOrWithAnotherValueNothingOpens) {
 }
 
 TEST_F(ContextMenuTest, TheRightButtonOpensOnReleaseAndAPressElsewhereDismisses) {
-  send(kRButtonDown, at(25, 22));
+  send(WM_RBUTTONDOWN, at(25, 22));
   EXPECT_TRUE(log.requests.empty());
-  send(kRButtonUp, at(25, 22));
+  send(WM_RBUTTONUP, at(25, 22));
   ASSERT_EQ(log.requests.size(), 2u);
   EXPECT_EQ(log.requests[1].target, byId("inner"));
   EXPECT_TRUE(shown("ctx"));
   EXPECT_TRUE(placed("ctx") == (LayoutBox{25, 22, 120, 60}));
 
-  send(kRButtonDown, at(20, 65));  // on the paragraph, outside the menu
+  send(WM_RBUTTONDOWN, at(20, 65));  // on the paragraph, outside the menu
   EXPECT_FALSE(shown("ctx"));
-  send(kRButtonUp, at(20, 65));
+  send(WM_RBUTTONUP, at(20, 65));
   EXPECT_FALSE(shown("ctx"));
 }
 

@@ -6,17 +6,13 @@
 #include <vector>
 
 #include "htmlui/engine/HtmlayoutEventHandler.h"
+#include "platform/Win32.h"
 #include "tests/htmlui/engine/EngineTestSupport.h"
 
 namespace kvt1::html {
 namespace {
 
 using namespace test;
-
-constexpr UINT kVkBack = 0x08;
-constexpr UINT kVkDelete = 0x2E;
-constexpr UINT kWmChar = 0x0102;
-constexpr UINT kWmKeyDown = 0x0100;
 
 // Behaviour events as the bubbling phase sees them: "code:id:reason:value"
 // with the target's value at that moment.
@@ -108,10 +104,10 @@ TEST_F(EditingTest, CharactersGoToTheEndOfTheFocusedInputBetweenChangingAndChang
 
 TEST_F(EditingTest, BackDeletesTheLastCharacterAndNothingWhenEmpty) {
   engine.setFocus(window(), byId("name"));
-  engine.key(window(), KEY_DOWN, kVkBack, 0);
+  engine.key(window(), KEY_DOWN, VK_BACK, 0);
   EXPECT_EQ(value("name"), "a");
-  engine.key(window(), KEY_DOWN, kVkBack, 0);
-  engine.key(window(), KEY_DOWN, kVkBack, 0);
+  engine.key(window(), KEY_DOWN, VK_BACK, 0);
+  engine.key(window(), KEY_DOWN, VK_BACK, 0);
   EXPECT_EQ(value("name"), "");
   const std::string del = std::to_string(BY_DEL_CHAR);
   EXPECT_EQ(log.events, (std::vector<std::string>{"changing:name:" + del + ":ab", "changed:name:" + del + ":a",
@@ -120,8 +116,8 @@ TEST_F(EditingTest, BackDeletesTheLastCharacterAndNothingWhenEmpty) {
   engine.setFocus(window(), byId("bare"));
   type(L"z");
   log.events.clear();
-  engine.key(window(), KEY_UP, kVkBack, 0);
-  engine.key(window(), KEY_DOWN, kVkDelete, 0);
+  engine.key(window(), KEY_UP, VK_BACK, 0);
+  engine.key(window(), KEY_DOWN, VK_DELETE, 0);
   type(L"\r\t\x1b\b\x7f");
   EXPECT_EQ(value("bare"), "z");
   EXPECT_TRUE(log.events.empty());
@@ -134,13 +130,13 @@ TEST_F(EditingTest, ASelectionMadeBySelectAllIsReplacedOrClearedByTheNextEditOnl
   EXPECT_EQ(value("name"), "xy");
 
   ASSERT_TRUE(selectAll(byId("name")));
-  engine.key(window(), KEY_DOWN, kVkBack, 0);
+  engine.key(window(), KEY_DOWN, VK_BACK, 0);
   EXPECT_EQ(value("name"), "");
   EXPECT_EQ(log.events.back(), "changed:name:" + std::to_string(BY_DEL_CHARS) + ":");
 
   type(L"abc");
   ASSERT_TRUE(selectAll(byId("name")));
-  engine.key(window(), KEY_DOWN, kVkDelete, 0);
+  engine.key(window(), KEY_DOWN, VK_DELETE, 0);
   EXPECT_EQ(value("name"), "");
 
   // A value set by the program drops the selection as well.
@@ -182,7 +178,7 @@ TEST_F(EditingTest, DisabledReadOnlyAndOtherElementsAndTheRootAreNotEdited) {
   for (const char* id : {"off", "fixed", "tick", "ok"}) {
     engine.setFocus(window(), byId(id));
     type(L"k");
-    engine.key(window(), KEY_DOWN, kVkBack, 0);
+    engine.key(window(), KEY_DOWN, VK_BACK, 0);
   }
   engine.setFocus(window(), nullptr);
   type(L"k");
@@ -211,9 +207,9 @@ TEST_F(EditingTest, AKeyThatAHandlerTookIsNotTyped) {
 TEST_F(EditingTest, CharactersAndKeysFromTheWindowProcedureEditToo) {
   engine.setFocus(window(), byId("name"));
   BOOL handled = FALSE;
-  engine.ProcND(window(), kWmChar, 'Z', 0, &handled);
-  engine.ProcND(window(), kWmKeyDown, kVkBack, 0, &handled);
-  engine.ProcND(window(), kWmKeyDown, kVkBack, 0, &handled);
+  engine.ProcND(window(), WM_CHAR, 'Z', 0, &handled);
+  engine.ProcND(window(), WM_KEYDOWN, VK_BACK, 0, &handled);
+  engine.ProcND(window(), WM_KEYDOWN, VK_BACK, 0, &handled);
   EXPECT_EQ(value("name"), "a");
 }
 

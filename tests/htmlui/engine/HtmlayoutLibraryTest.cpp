@@ -10,6 +10,7 @@
 
 #include "htmlui/engine/HtmlayoutLibrary.h"
 #include "platform/ThisModule.h"
+#include "platform/Win32.h"
 #include "tests/htmlui/engine/stub/HtmlayoutStub.h"
 
 namespace kvt1::html {
@@ -111,7 +112,7 @@ TEST_F(HtmlayoutBinding, WindowGlueReachesTheLibraryWithItsArguments) {
   EXPECT_EQ(ready.number, 3u);
 
   BOOL handled = FALSE;
-  EXPECT_EQ(engine_->ProcND(kWindow, 0x0201, 7, 12345, &handled), 12345);
+  EXPECT_EQ(engine_->ProcND(kWindow, WM_LBUTTONDOWN, 7, 12345, &handled), 12345);
   EXPECT_EQ(handled, TRUE);
   EXPECT_EQ(lastCallOf("HTMLayoutProcND").number, 0x0201u);
 

@@ -10,16 +10,13 @@
 
 #include "htmlui/engine/AutomationMessages.h"
 #include "htmlui/engine/HtmlayoutEventHandler.h"
+#include "platform/Win32.h"
 #include "tests/htmlui/engine/EngineTestSupport.h"
 
 namespace kvt1::html {
 namespace {
 
 using namespace test;
-
-constexpr UINT kMouseMove = 0x0200;
-constexpr UINT kButtonDown = 0x0201;
-constexpr UINT kButtonUp = 0x0202;
 
 // The ids of the elements that took a click, as the bubbling phase reports
 // them, and of those whose timers ticked.
@@ -84,8 +81,8 @@ class InputTest : public ::testing::Test {
     return engine.ProcND(window(), msg, wParam, lParam, handled);
   }
   void clickAt(int x, int y) {
-    send(kButtonDown, 1, at(x, y));
-    send(kButtonUp, 0, at(x, y));
+    send(WM_LBUTTONDOWN, 1, at(x, y));
+    send(WM_LBUTTONUP, 0, at(x, y));
   }
   UINT stateOf(const std::string& id) {
     UINT state = 0;
@@ -103,10 +100,10 @@ class InputTest : public ::testing::Test {
 
 TEST_F(InputTest, AClickInsideAButtonReachesItOutsideNothingDoes) {
   BOOL handled = FALSE;
-  send(kButtonDown, 1, at(15, 12), &handled);
+  send(WM_LBUTTONDOWN, 1, at(15, 12), &handled);
   EXPECT_TRUE(handled);
   EXPECT_NE(stateOf("ok") & STATE_PRESSED, 0u);
-  send(kButtonUp, 0, at(15, 12));
+  send(WM_LBUTTONUP, 0, at(15, 12));
   EXPECT_EQ(stateOf("ok") & STATE_PRESSED, 0u);
   // The button's content takes the button's click.
   clickAt(25, 18);
@@ -119,10 +116,10 @@ TEST_F(InputTest, AClickInsideAButtonReachesItOutsideNothingDoes) {
 }
 
 TEST_F(InputTest, AClickIsAPressAndAReleaseOnOneElement) {
-  send(kButtonDown, 1, at(15, 12));
-  send(kButtonUp, 0, at(50, 65));
+  send(WM_LBUTTONDOWN, 1, at(15, 12));
+  send(WM_LBUTTONUP, 0, at(50, 65));
   EXPECT_EQ(stateOf("ok") & STATE_PRESSED, 0u);  // released where it was pressed
-  send(kButtonUp, 0, at(15, 12));                // a release without a press
+  send(WM_LBUTTONUP, 0, at(15, 12));                // a release without a press
   EXPECT_TRUE(log.clicks.empty());
 }
 
@@ -153,45 +150,42 @@ TEST_F(InputTest, PressesReachTheElementUnderThePointerAndMoveTheFocus) {
 }
 
 TEST_F(InputTest, KeysGoToTheFocusedElementOrElseToTheRoot) {
-  constexpr UINT kKeyDown = 0x0100;
-  constexpr UINT kKeyUp = 0x0101;
-  constexpr UINT kChar = 0x0102;
   BOOL handled = FALSE;
-  send(kKeyDown, 0x25, 0, &handled);
+  send(WM_KEYDOWN, VK_LEFT, 0, &handled);
   EXPECT_TRUE(handled);
   engine.setFocus(window(), byId("ok"));
-  send(kChar, 'x', 0);
-  send(kKeyUp, 0x25, 0);
+  send(WM_CHAR, 'x', 0);
+  send(WM_KEYUP, VK_LEFT, 0);
   EXPECT_EQ(log.keys, (std::vector<std::string>{"(none):0:37", "ok:2:120", "ok:1:37"}));
   // Nobody here handles keys; a window without a page takes none.
-  EXPECT_FALSE(engine.key(window(), KEY_DOWN, 0x0D, 0));
-  EXPECT_FALSE(engine.key(window(2), KEY_DOWN, 0x0D, 0));
+  EXPECT_FALSE(engine.key(window(), KEY_DOWN, VK_RETURN, 0));
+  EXPECT_FALSE(engine.key(window(2), KEY_DOWN, VK_RETURN, 0));
 }
 
 TEST_F(InputTest, TabMovesTheFocusThroughWhatTakesItAndShiftTabBack) {
   // #off is disabled and #gone not displayed: only #ok takes the focus at first.
-  EXPECT_FALSE(engine.key(window(), KEY_DOWN, 0x09, 0));
+  EXPECT_FALSE(engine.key(window(), KEY_DOWN, VK_TAB, 0));
   EXPECT_NE(stateOf("ok") & STATE_FOCUS, 0u);
   engine.SetElementState(byId("off"), 0, STATE_DISABLED, FALSE);
   engine.SetAttributeByName(byId("text"), "tabindex", L"0");
-  engine.key(window(), KEY_DOWN, 0x09, 0);
+  engine.key(window(), KEY_DOWN, VK_TAB, 0);
   EXPECT_NE(stateOf("off") & STATE_FOCUS, 0u);
-  engine.key(window(), KEY_DOWN, 0x09, 0);
+  engine.key(window(), KEY_DOWN, VK_TAB, 0);
   EXPECT_NE(stateOf("text") & STATE_FOCUS, 0u);
-  engine.key(window(), KEY_DOWN, 0x09, 0);  // round to the first
+  engine.key(window(), KEY_DOWN, VK_TAB, 0);  // round to the first
   EXPECT_NE(stateOf("ok") & STATE_FOCUS, 0u);
-  engine.key(window(), KEY_DOWN, 0x09, SHIFT_KEY_PRESSED);
+  engine.key(window(), KEY_DOWN, VK_TAB, SHIFT_KEY_PRESSED);
   EXPECT_NE(stateOf("text") & STATE_FOCUS, 0u);
 }
 
 TEST_F(InputTest, ThePointerHoversWhatItIsOver) {
-  send(kMouseMove, 0, at(15, 12));
+  send(WM_MOUSEMOVE, 0, at(15, 12));
   EXPECT_NE(stateOf("ok") & STATE_HOVER, 0u);
   EXPECT_NE(stateOf("body") & STATE_HOVER, 0u);  // and what holds it
-  send(kMouseMove, 0, at(50, 65));
+  send(WM_MOUSEMOVE, 0, at(50, 65));
   EXPECT_EQ(stateOf("ok") & STATE_HOVER, 0u);
   EXPECT_NE(stateOf("text") & STATE_HOVER, 0u);
-  send(kMouseMove, 0, at(900, 900));
+  send(WM_MOUSEMOVE, 0, at(900, 900));
   EXPECT_EQ(stateOf("body") & STATE_HOVER, 0u);
 }
 

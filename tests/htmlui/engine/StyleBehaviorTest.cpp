@@ -11,15 +11,13 @@
 
 #include "htmlui/engine/HtmlayoutEventHandler.h"
 #include "htmlui/engine/StyleRules.h"
+#include "platform/Win32.h"
 #include "tests/htmlui/engine/EngineTestSupport.h"
 
 namespace kvt1::html {
 namespace {
 
 using namespace test;
-
-constexpr UINT kButtonDown = 0x0201;
-constexpr UINT kButtonUp = 0x0202;
 
 // A named behaviour that writes "name:id" for each click on its element.
 class Named : public htmlayout::behavior {
@@ -114,8 +112,8 @@ TEST(StyleBehaviorTest, APressOnAnElementReachesTheBehaviourTheCascadeGivesIt) {
     const HELEMENT area = selectFirst(engine, root, "#area");
     ASSERT_NE(area, nullptr);
     boxes.boxes[static_cast<int>(reinterpret_cast<std::uintptr_t>(area))] = {20, 30, 100, 40};
-    engine.ProcND(window(), kButtonDown, 1, at(50, 50), nullptr);
-    engine.ProcND(window(), kButtonUp, 0, at(50, 50), nullptr);
+    engine.ProcND(window(), WM_LBUTTONDOWN, 1, at(50, 50), nullptr);
+    engine.ProcND(window(), WM_LBUTTONUP, 0, at(50, 50), nullptr);
     EXPECT_EQ(log.empty() ? std::string() : log.front(), c.clicks);
     EXPECT_LE(log.size(), 1u);
     EXPECT_EQ(attribute(engine, area, "behavior"), c.attribute);
