@@ -13,6 +13,8 @@ std::FILE* openFile(const std::wstring& path, const char* mode);
 // Reads the whole file into bytes. False, with bytes untouched, when the
 // file cannot be opened or read or holds more than limit bytes.
 bool readWholeFile(const std::wstring& path, std::size_t limit, std::string& bytes);
+// The same for what is left of an open stream (standard input, say).
+bool readWholeStream(std::FILE* file, std::size_t limit, std::string& bytes);
 
 // Creates the folder and every missing folder above it. True when the folder
 // exists afterwards.

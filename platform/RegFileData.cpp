@@ -3,46 +3,9 @@
 #include <cstring>
 
 #include "platform/RegFile.h"
+#include "platform/Unicode.h"
 
 namespace kvt1::platform {
-
-std::wstring wideFromUtf16le(const unsigned char* bytes, std::size_t size) {
-  std::wstring text;
-  text.reserve(size / 2);
-  for (std::size_t i = 0; i + 1 < size; i += 2) {
-    char32_t unit = static_cast<char32_t>(bytes[i] | (bytes[i + 1] << 8));
-    if (sizeof(wchar_t) > 2 && unit >= 0xD800 && unit <= 0xDBFF && i + 3 < size) {
-      const char32_t low = static_cast<char32_t>(bytes[i + 2] | (bytes[i + 3] << 8));
-      if (low >= 0xDC00 && low <= 0xDFFF) {
-        unit = 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
-        i += 2;
-      }
-    }
-    text += static_cast<wchar_t>(unit);
-  }
-  return text;
-}
-
-std::string utf16leFromWide(const wchar_t* text, std::size_t length) {
-  std::string bytes;
-  bytes.reserve(length * 2);
-  const auto put = [&bytes](char32_t unit) {
-    bytes += static_cast<char>(unit & 0xFF);
-    bytes += static_cast<char>((unit >> 8) & 0xFF);
-  };
-  for (std::size_t i = 0; i < length; ++i) {
-    char32_t c = static_cast<char32_t>(text[i]);
-    if constexpr (sizeof(wchar_t) == 2) c &= 0xFFFF;
-    if (c >= 0x10000 && c <= 0x10FFFF) {
-      c -= 0x10000;
-      put(0xD800 + (c >> 10));
-      put(0xDC00 + (c & 0x3FF));
-    } else {
-      put(c);
-    }
-  }
-  return bytes;
-}
 
 bool isRegStringType(std::uint32_t type) { return type == 1 || type == 2 || type == kRegMultiSz; }
 
@@ -61,13 +24,12 @@ std::wstring regStringUnits(const std::vector<unsigned char>& data) {
 // Where wchar_t is UTF-16 the bytes are the data, odd sizes included.
 std::vector<unsigned char> valueDataFromFile(std::uint32_t type, std::vector<unsigned char> bytes) {
   if (sizeof(wchar_t) == 2 || !isRegStringType(type)) return bytes;
-  return regStringData(wideFromUtf16le(bytes.data(), bytes.size()));
+  return regStringData(fromUtf16(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size())));
 }
 
 std::vector<unsigned char> fileBytesFromValueData(std::uint32_t type, const std::vector<unsigned char>& data) {
   if (sizeof(wchar_t) == 2 || !isRegStringType(type)) return data;
-  const std::wstring units = regStringUnits(data);
-  const std::string bytes = utf16leFromWide(units.data(), units.size());
+  const std::string bytes = toUtf16(regStringUnits(data));
   return std::vector<unsigned char>(bytes.begin(), bytes.end());
 }
 

@@ -1,26 +1,16 @@
 #include "platform/RegFile.h"
 
-#include <cwctype>
-
+#include "platform/CaseFolding.h"
 #include "platform/RegFileData.h"
+#include "platform/CodePage.h"
 #include "platform/Registry.h"
+#include "platform/TextDecoding.h"
 #include "platform/Unicode.h"
 
 namespace kvt1::platform {
 namespace {
 
 constexpr std::wstring_view kHeader = L"Windows Registry Editor Version 5.00";
-
-std::wstring decodeText(std::string_view bytes, bool& oddByteCount) {
-  const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
-  oddByteCount = false;
-  if (bytes.size() >= 2 && data[0] == 0xFF && data[1] == 0xFE) {
-    oddByteCount = bytes.size() % 2 != 0;
-    return wideFromUtf16le(data + 2, bytes.size() - 2);
-  }
-  if (bytes.substr(0, 3) == "\xEF\xBB\xBF") bytes.remove_prefix(3);
-  return fromUtf8(bytes);
-}
 
 // Lines end with CRLF, LF or a lone CR.
 std::vector<std::wstring> splitLines(const std::wstring& text) {
@@ -42,14 +32,6 @@ std::wstring_view trimmed(std::wstring_view text) {
   while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
   return text;
-}
-
-bool startsWithNoCase(std::wstring_view text, std::wstring_view prefix) {
-  if (text.size() < prefix.size()) return false;
-  for (std::size_t i = 0; i < prefix.size(); ++i) {
-    if (static_cast<wchar_t>(std::towlower(static_cast<wint_t>(text[i]))) != prefix[i]) return false;
-  }
-  return true;
 }
 
 int hexDigit(wchar_t c) {
@@ -215,7 +197,7 @@ class Parser {
       value.data = regStringData(text.append(1, L'\0'));
       return true;
     }
-    if (startsWithNoCase(data, L"dword:")) {
+    if (startsWithIgnoringCase(data, L"dword:")) {
       std::uint32_t number = 0;
       if (!parseHexNumber(data.substr(6), 8, number)) {
         failure = "dword: takes 1 to 8 hex digits";
@@ -226,7 +208,7 @@ class Parser {
                     static_cast<unsigned char>(number >> 16), static_cast<unsigned char>(number >> 24)};
       return true;
     }
-    if (startsWithNoCase(data, L"hex")) return parseHexData(data.substr(3), value, failure);
+    if (startsWithIgnoringCase(data, L"hex")) return parseHexData(data.substr(3), value, failure);
     failure = "unknown value data (string, dword:, hex: or hex(type): expected)";
     return false;
   }
@@ -274,8 +256,9 @@ class Parser {
 
 bool parseRegFile(std::string_view bytes, std::vector<RegSection>& sections, RegFileError& error) {
   sections.clear();
-  bool oddByteCount = false;
-  Parser parser(splitLines(decodeText(bytes, oddByteCount)), sections);
+  // UTF-16LE after its mark as regedit writes it, else UTF-8.
+  const bool oddByteCount = bytes.substr(0, 2) == "\xFF\xFE" && bytes.size() % 2 != 0;
+  Parser parser(splitLines(decodeText(bytes, kCodePageUtf8)), sections);
   if (!parser.run(error)) return false;
   if (oddByteCount) {
     error.line = parser.lineCount();

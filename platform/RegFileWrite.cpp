@@ -4,6 +4,7 @@
 
 #include "platform/RegFileData.h"
 #include "platform/Registry.h"
+#include "platform/Unicode.h"
 
 namespace kvt1::platform {
 namespace {
@@ -92,7 +93,7 @@ std::string writeRegFile(const std::vector<RegSection>& sections) {
     for (const RegValue& value : section.values) text += valueLine(value) + L"\r\n";
     text += L"\r\n";
   }
-  return "\xFF\xFE" + utf16leFromWide(text.data(), text.size());
+  return "\xFF\xFE" + toUtf16(text);
 }
 
 }  // namespace kvt1::platform

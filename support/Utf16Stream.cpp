@@ -4,16 +4,13 @@
 #include <string>
 
 #include "platform/LockedStream.h"
+#include "platform/Unicode.h"
 #include "support/AnsiText.h"
 
 namespace kvt1 {
 namespace {
 
-constexpr bool kWideIsUtf32 = sizeof(wchar_t) == 4;
 constexpr long kUnitSize = 2;
-
-bool isHighSurrogate(unsigned long unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool isLowSurrogate(unsigned long unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
 unsigned long readUnit(platform::LockedStream& stream) {
   const int low = stream.get();
@@ -23,19 +20,29 @@ unsigned long readUnit(platform::LockedStream& stream) {
   return static_cast<unsigned long>(low) | static_cast<unsigned long>(high) << 8;
 }
 
-// One character: a unit, or where wchar_t holds 32 bits a whole surrogate pair.
+// One character: a unit or a whole surrogate pair; a lone surrogate is U+FFFD.
 unsigned long readCharacter(platform::LockedStream& stream) {
   const unsigned long unit = readUnit(stream);
-  if (!kWideIsUtf32 || !isHighSurrogate(unit)) return unit;
+  if (platform::isLowSurrogate(unit)) return platform::kReplacementCharacter;
+  if (!platform::isHighSurrogate(unit)) return unit;
   const unsigned long low = readUnit(stream);
-  if (isLowSurrogate(low)) return 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
+  if (platform::isLowSurrogate(low)) return platform::joinSurrogates(unit, low);
   if (low != kUtf16End) std::fseek(stream.file(), -kUnitSize, SEEK_CUR);  // not part of this character
-  return unit;
+  return platform::kReplacementCharacter;
 }
 
-void appendUnit(std::string& bytes, unsigned long unit) {
-  bytes += static_cast<char>(unit & 0xFF);
-  bytes += static_cast<char>((unit >> 8) & 0xFF);
+// Stores a character in buffer[stored] (a surrogate pair where wchar_t is
+// UTF-16). False, with the character put back on the stream, when only
+// room units are left and it needs more.
+bool storeCharacter(std::FILE* file, unsigned long c, wchar_t* buffer, int& stored, int room) {
+  std::wstring units;
+  platform::appendCodePoint(units, static_cast<char32_t>(c));
+  if (static_cast<int>(units.size()) > room) {
+    std::fseek(file, -kUnitSize * static_cast<long>(units.size()), SEEK_CUR);
+    return false;
+  }
+  for (const wchar_t unit : units) buffer[stored++] = unit;
+  return true;
 }
 
 // Copies at most capacity bytes of text and a NUL into buffer.
@@ -58,10 +65,10 @@ int utf16ReadChars(std::FILE* file, wchar_t* buffer, int count, ReadStop stop) {
   int read = 0;
   if (file != nullptr) {
     platform::LockedStream stream(file);
-    for (; read < count; ++read) {
+    while (read < count) {
       const unsigned long c = readCharacter(stream);
       if (c == kUtf16End || (c == 0 && stop == ReadStop::AtNul)) break;
-      buffer[read] = static_cast<wchar_t>(c);
+      if (!storeCharacter(file, c, buffer, read, count - read)) break;
     }
   }
   buffer[read] = L'\0';
@@ -91,7 +98,7 @@ int utf16ReadLine(std::FILE* file, wchar_t* buffer, int count, LineEnd lineEnd) 
           std::fseek(file, -kUnitSize, SEEK_CUR);
         }
       }
-      buffer[read++] = static_cast<wchar_t>(c);
+      if (!storeCharacter(file, c, buffer, read, count - 1 - read)) break;
       if (c == L'\n') break;
     }
   }
@@ -109,19 +116,7 @@ int utf16ReadLine(std::FILE* file, char* buffer, int count, LineEnd lineEnd) {
 int utf16Write(std::FILE* file, std::wstring_view text) {
   if (file == nullptr) return -1;
   if (text.empty()) return 0;
-  std::string bytes;
-  bytes.reserve(text.size() * 2);
-  for (const wchar_t c : text) {
-    unsigned long code = static_cast<unsigned long>(c);
-    if (kWideIsUtf32 && code > 0xFFFF) {
-      if (code > 0x10FFFF) code = 0xFFFD;
-      if (code > 0xFFFF) {
-        appendUnit(bytes, 0xD800 + ((code - 0x10000) >> 10));
-        code = 0xDC00 + ((code - 0x10000) & 0x3FF);
-      }
-    }
-    appendUnit(bytes, code);
-  }
+  const std::string bytes = platform::toUtf16(text);
   return std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size() ? static_cast<int>(text.size()) : -1;
 }
 

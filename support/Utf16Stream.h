@@ -1,7 +1,8 @@
 #pragma once
 // Characters of a UTF-16LE file on a C stream, whatever the size of wchar_t:
 // where wchar_t holds 32 bits, a surrogate pair on disk is one character in
-// memory and a character beyond the basic plane is written as a pair.
+// memory and a character beyond the basic plane is written as a pair. A lone
+// surrogate reads as U+FFFD on every system.
 // Readers store a terminating NUL and return the number of characters
 // stored; narrow buffers receive the text converted to the ANSI code page,
 // shortened to fit. Writers return the number of characters given, or -1

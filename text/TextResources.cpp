@@ -4,11 +4,11 @@
 #include <string_view>
 
 #include "platform/Resources.h"
+#include "platform/Unicode.h"
 #include "platform/WideFormat.h"
 #include "text/Placeholders.h"
 #include "text/TextFormatter.h"
 #include "text/XmlDocument.h"
-#include "text/XmlFileEncoding.h"
 
 namespace NTxtRes {
 namespace {
@@ -35,10 +35,7 @@ std::wstring resourceText(const kvt1::platform::ResourceData& data) {
       break;
     }
   }
-  std::wstring text;
-  kvt1::decodeUnicodeForm(kvt1::XmlUnicodeForm::kUtf16LE,
-                          std::string_view(reinterpret_cast<const char*>(data.bytes), units * 2), text);
-  return text;
+  return kvt1::platform::fromUtf16(std::string_view(reinterpret_cast<const char*>(data.bytes), units * 2));
 }
 
 kvt1::CXmlDocument& document() {

@@ -7,8 +7,10 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/CaseFolding.h"
 #include "platform/CodePage.h"
 #include "platform/File.h"
+#include "platform/Unicode.h"
 #include "text/XmlCodePageTable.h"
 #include "text/XmlDocument.h"
 #include "text/XmlFileEncoding.h"
@@ -33,14 +35,6 @@ bool writeWholeFile(const std::wstring& path, const std::string& bytes) {
   if (!file) return false;
   const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
   return std::fclose(file.release()) == 0 && written;
-}
-
-// HTML names are not case sensitive: the page is searched in lower case.
-std::wstring lowerCaseAscii(std::wstring text) {
-  for (wchar_t& c : text) {
-    if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
-  }
-  return text;
 }
 
 // The value after "charset=" in a content type such as "text/html; charset=utf-8".
@@ -110,7 +104,7 @@ bool CXmlDocument::ReadFile(const std::wstring& path) {
     encoding = xmlDeclaredEncoding(probe);
     if (encoding.empty()) {
       CXmlDocument html;
-      html.SetDoc(lowerCaseAscii(probe));
+      html.SetDoc(platform::asciiLowerCase(probe));  // HTML names are not case sensitive
       encoding = html.htmlCharset();
     }
     // A Unicode name readable as single bytes can only mean UTF-8.
@@ -123,9 +117,9 @@ bool CXmlDocument::ReadFile(const std::wstring& path) {
       codePage = platform::ansiCodePage();
       encoding = L"CP" + std::to_wstring(codePage);
     }
-    bool multiByte = false;
-    if (form == XmlUnicodeForm::kNone && codePage == platform::ansiCodePage() && isValidUtf8(body, multiByte) &&
-        multiByte) {
+    const bool multiByte = std::any_of(body.begin(), body.end(), [](char c) { return (c & 0x80) != 0; });
+    if (form == XmlUnicodeForm::kNone && codePage == platform::ansiCodePage() && multiByte &&
+        platform::isValidUtf8(body)) {
       form = XmlUnicodeForm::kUtf8;
       utf8Detected = true;
     }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "platform/CaseFolding.h"
 #include "platform/Unicode.h"
 #include "text/XmlSyntax.h"
 
@@ -12,20 +13,15 @@ constexpr std::size_t npos = std::wstring_view::npos;
 
 bool startsWith(std::string_view bytes, std::string_view prefix) { return bytes.substr(0, prefix.size()) == prefix; }
 
-bool equalsIgnoringCase(std::wstring_view a, std::wstring_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    const auto lower = [](wchar_t c) { return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c; };
-    if (lower(a[i]) != lower(b[i])) return false;
-  }
-  return true;
-}
-
 std::size_t unitSize(XmlUnicodeForm form) {
   return form == XmlUnicodeForm::kUtf32LE || form == XmlUnicodeForm::kUtf32BE ? 4 : 2;
 }
 
 bool bigEndian(XmlUnicodeForm form) { return form == XmlUnicodeForm::kUtf16BE || form == XmlUnicodeForm::kUtf32BE; }
+
+platform::ByteOrder byteOrder(bool big) {
+  return big ? platform::ByteOrder::kBigEndian : platform::ByteOrder::kLittleEndian;
+}
 
 std::uint32_t readUnit(std::string_view bytes, std::size_t pos, std::size_t size, bool big) {
   std::uint32_t unit = 0;
@@ -41,6 +37,10 @@ void writeUnit(std::string& bytes, std::uint32_t unit, std::size_t size, bool bi
     const std::size_t shift = 8 * (big ? size - 1 - i : i);
     bytes += static_cast<char>((unit >> shift) & 0xFF);
   }
+}
+
+bool sameName(std::wstring_view name, std::wstring_view known) {
+  return platform::asciiEqualsIgnoringCase(name, known);
 }
 
 }  // namespace
@@ -76,11 +76,11 @@ XmlUnicodeForm sniffUnicodeForm(std::string_view bytes) {
 }
 
 XmlUnicodeForm unicodeFormFromName(std::wstring_view name) {
-  if (equalsIgnoringCase(name, L"UTF-8")) return XmlUnicodeForm::kUtf8;
-  if (equalsIgnoringCase(name, L"UTF-16") || equalsIgnoringCase(name, L"UTF-16LE")) return XmlUnicodeForm::kUtf16LE;
-  if (equalsIgnoringCase(name, L"UTF-16BE")) return XmlUnicodeForm::kUtf16BE;
-  if (equalsIgnoringCase(name, L"UTF-32") || equalsIgnoringCase(name, L"UTF-32LE")) return XmlUnicodeForm::kUtf32LE;
-  if (equalsIgnoringCase(name, L"UTF-32BE")) return XmlUnicodeForm::kUtf32BE;
+  if (sameName(name, L"UTF-8")) return XmlUnicodeForm::kUtf8;
+  if (sameName(name, L"UTF-16") || sameName(name, L"UTF-16LE")) return XmlUnicodeForm::kUtf16LE;
+  if (sameName(name, L"UTF-16BE")) return XmlUnicodeForm::kUtf16BE;
+  if (sameName(name, L"UTF-32") || sameName(name, L"UTF-32LE")) return XmlUnicodeForm::kUtf32LE;
+  if (sameName(name, L"UTF-32BE")) return XmlUnicodeForm::kUtf32BE;
   return XmlUnicodeForm::kNone;
 }
 
@@ -116,39 +116,6 @@ std::wstring widenBytes(std::string_view bytes) {
   return text;
 }
 
-bool isValidUtf8(std::string_view bytes, bool& multiByte) {
-  multiByte = false;
-  std::size_t i = 0;
-  while (i < bytes.size()) {
-    const auto lead = static_cast<unsigned char>(bytes[i]);
-    std::size_t extra = 0;
-    std::uint32_t cp = 0;
-    std::uint32_t minimum = 0;
-    if (lead < 0x80) {
-      ++i;
-      continue;
-    } else if ((lead & 0xE0) == 0xC0) {
-      extra = 1, cp = lead & 0x1F, minimum = 0x80;
-    } else if ((lead & 0xF0) == 0xE0) {
-      extra = 2, cp = lead & 0x0F, minimum = 0x800;
-    } else if ((lead & 0xF8) == 0xF0) {
-      extra = 3, cp = lead & 0x07, minimum = 0x10000;
-    } else {
-      return false;
-    }
-    if (i + extra >= bytes.size()) return false;
-    for (std::size_t k = 1; k <= extra; ++k) {
-      const auto next = static_cast<unsigned char>(bytes[i + k]);
-      if ((next & 0xC0) != 0x80) return false;
-      cp = cp << 6 | (next & 0x3F);
-    }
-    if (cp < minimum || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return false;
-    multiByte = true;
-    i += extra + 1;
-  }
-  return true;
-}
-
 std::size_t cutUtf8Tail(std::string_view bytes) {
   // Look back over at most three continuation bytes for the sequence's lead.
   for (std::size_t back = 1; back <= 4 && back <= bytes.size(); ++back) {
@@ -164,23 +131,16 @@ std::size_t cutUtf8Tail(std::string_view bytes) {
 }
 
 bool decodeUnicodeForm(XmlUnicodeForm form, std::string_view bytes, std::wstring& text) {
-  text.clear();
-  const std::size_t size = unitSize(form);
   const bool big = bigEndian(form);
-  const std::size_t count = bytes.size() / size;
+  if (unitSize(form) == 2) return platform::fromUtf16(bytes, byteOrder(big), text);
+  text.clear();
+  const std::size_t count = bytes.size() / 4;
   text.reserve(count);
   bool valid = true;
   for (std::size_t i = 0; i < count; ++i) {
-    std::uint32_t cp = readUnit(bytes, i * size, size, big);
-    if (size == 2 && cp >= 0xD800 && cp <= 0xDBFF && i + 1 < count) {
-      const std::uint32_t low = readUnit(bytes, (i + 1) * size, size, big);
-      if (low >= 0xDC00 && low <= 0xDFFF) {
-        cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
-        ++i;
-      }
-    }
+    std::uint32_t cp = readUnit(bytes, i * 4, 4, big);
     if (cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) {
-      cp = 0xFFFD;
+      cp = platform::kReplacementCharacter;
       valid = false;
     }
     platform::appendCodePoint(text, cp);
@@ -189,30 +149,14 @@ bool decodeUnicodeForm(XmlUnicodeForm form, std::string_view bytes, std::wstring
 }
 
 void encodeUnicodeForm(XmlUnicodeForm form, std::wstring_view text, std::string& bytes) {
-  bytes.clear();
-  const std::size_t size = unitSize(form);
   const bool big = bigEndian(form);
-  bytes.reserve(text.size() * size);
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    auto cp = static_cast<std::uint32_t>(text[i]);
-    if (sizeof(wchar_t) == 2) {
-      cp &= 0xFFFF;
-      if (size == 4 && cp >= 0xD800 && cp <= 0xDBFF && i + 1 < text.size()) {
-        const auto low = static_cast<std::uint32_t>(text[i + 1]) & 0xFFFF;
-        if (low >= 0xDC00 && low <= 0xDFFF) {
-          cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
-          ++i;
-        }
-      }
-    }
-    if (size == 2 && cp >= 0x10000) {
-      cp -= 0x10000;
-      writeUnit(bytes, 0xD800 + (cp >> 10), size, big);
-      writeUnit(bytes, 0xDC00 + (cp & 0x3FF), size, big);
-    } else {
-      writeUnit(bytes, cp, size, big);
-    }
+  if (unitSize(form) == 2) {
+    bytes = platform::toUtf16(text, byteOrder(big));
+    return;
   }
+  bytes.clear();
+  bytes.reserve(text.size() * 4);
+  for (std::size_t i = 0; i < text.size();) writeUnit(bytes, platform::nextCodePoint(text, i), 4, big);
 }
 
 }  // namespace kvt1

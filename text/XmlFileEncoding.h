@@ -1,7 +1,7 @@
 #pragma once
 // Byte-level pieces of reading and writing document files: byte order marks,
-// the encoding an XML declaration names, UTF-8 validation, and the Unicode
-// forms that are converted here rather than through a code page.
+// the encoding an XML declaration names, and the Unicode forms that are
+// converted here (through platform/Unicode.h) rather than through a code page.
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -28,10 +28,6 @@ std::wstring xmlDeclaredEncoding(std::wstring_view text);
 
 // Bytes taken one to one as characters (enough to read ASCII markup).
 std::wstring widenBytes(std::string_view bytes);
-
-// Whether bytes are well-formed UTF-8; multiByte tells whether any sequence
-// is longer than one byte.
-bool isValidUtf8(std::string_view bytes, bool& multiByte);
 
 // The number of bytes at the end that begin a UTF-8 sequence cut short.
 std::size_t cutUtf8Tail(std::string_view bytes);

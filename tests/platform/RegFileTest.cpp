@@ -4,6 +4,7 @@
 
 #include "platform/RegFileData.h"
 #include "platform/Registry.h"
+#include "platform/Unicode.h"
 
 namespace kvt1::platform {
 namespace {
@@ -25,10 +26,10 @@ RegValue bytesValue(const std::wstring& name, std::uint32_t type, std::vector<un
 // The text of a written file, after checking its byte order mark.
 std::wstring textOf(const std::string& file) {
   EXPECT_EQ(file.substr(0, 2), "\xFF\xFE");
-  return wideFromUtf16le(reinterpret_cast<const unsigned char*>(file.data()) + 2, file.size() - 2);
+  return fromUtf16(std::string_view(file).substr(2));
 }
 
-std::string utf16File(const std::wstring& text) { return "\xFF\xFE" + utf16leFromWide(text.data(), text.size()); }
+std::string utf16File(const std::wstring& text) { return "\xFF\xFE" + toUtf16(text); }
 
 std::vector<std::wstring> linesOf(const std::wstring& text) {
   std::vector<std::wstring> lines;

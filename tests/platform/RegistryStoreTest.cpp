@@ -178,10 +178,10 @@ TEST_F(RegistryStoreTest, BrokenFilesAreReportedAndNeverOverwritten) {
   const std::string good = goodFile();
   // Cut after the first digit of the third byte of the third continuation line of "Long".
   std::size_t cut = 0;
-  for (int line = 0; line < 3; ++line) cut = good.find(utf16leFromWide(L"\r\n  ab", 6), cut + 1);
+  for (int line = 0; line < 3; ++line) cut = good.find(toUtf16(L"\r\n  ab"), cut + 1);
   cut += 2 * 11;
   const Damage cases[] = {
-      {"a broken line", good + utf16leFromWide(L"xyz\r\n", 5), "line 21:"},
+      {"a broken line", good + toUtf16(L"xyz\r\n"), "line 21:"},
       {"a file cut in the middle of a value", good.substr(0, cut), "line 10:"},
       {"a UTF-16 file with an odd byte count", good + "!", "line 20:"},
       {"a key of another root",

@@ -124,15 +124,32 @@ TEST(SIFileUnicodeText, WideReadingEndsAtUFFFFAndBeforeALoneLastByte) {
   EXPECT_STREQ(buffer, L"");
 }
 
-TEST(SIFileUnicodeText, LoneSurrogatesAreReadAsSingleUnits) {
+TEST(SIFileUnicodeText, LoneSurrogatesAreReadAsReplacementCharacters) {
   TempFolder folder;
   const std::wstring path = folder.file(L"surrogates.txt");
-  writeBytes(path, kMark + utf16le(std::u16string{u'a', char16_t(0xD834), u'x', char16_t(0xDD1E)}));
+  writeBytes(path, kMark + utf16le(std::u16string{u'a', char16_t(0xD834), u'x', char16_t(0xDD1E), char16_t(0xD834)}));
   CSIFileUnicodeText file;
   ASSERT_TRUE(file.Open(path, kSIReadText));
   wchar_t buffer[8];
-  ASSERT_EQ(file.ReadChars(buffer, 7), 4);
-  EXPECT_EQ(std::wstring(buffer), (std::wstring{L'a', wchar_t(0xD834), L'x', wchar_t(0xDD1E)}));
+  ASSERT_EQ(file.ReadChars(buffer, 7), 5);
+  EXPECT_EQ(std::wstring(buffer), L"a\uFFFDx\uFFFD\uFFFD");
+}
+
+// Where wchar_t is UTF-16 a pair needs two places: it is left for the next
+// read rather than split.
+TEST(SIFileUnicodeText, ACharacterBeyondTheBasicPlaneIsNeverSplit) {
+  TempFolder folder;
+  const std::wstring path = folder.file(L"clef.txt");
+  writeBytes(path, kMark + utf16le(u"ab\U0001D11Ec"));
+  const std::wstring clef = L"\U0001D11E";
+  CSIFileUnicodeText file;
+  ASSERT_TRUE(file.Open(path, kSIReadText));
+  wchar_t buffer[8];
+  const int first = file.ReadChars(buffer, 3);
+  const std::wstring expected = clef.size() == 2 ? L"ab" : L"ab" + clef;
+  EXPECT_EQ(std::wstring(buffer, static_cast<std::size_t>(first)), expected);
+  const int rest = file.ReadChars(buffer, 7);
+  EXPECT_EQ(std::wstring(buffer, static_cast<std::size_t>(rest)), clef.size() == 2 ? clef + L"c" : L"c");
 }
 
 TEST(SIFileUnicodeText, NarrowTextIsConvertedWithTheAnsiCodePage) {

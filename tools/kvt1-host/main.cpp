@@ -2,11 +2,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/CodePage.h"
+#include "platform/File.h"
 #include "platform/ProcessHeap.h"
+#include "platform/TextDecoding.h"
 #include "platform/Unicode.h"
 #include "tools/kvt1-host/Session.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
@@ -84,17 +88,13 @@ const wchar_t kUsage[] =
     L"Exit status: 0 when every line ran, 1 when the module could not be\n"
     L"loaded or initialised, 2 when script lines had faults.\n";
 
-bool readFile(const std::wstring& path, std::string& bytes) {
-#ifdef _WIN32
-  std::FILE* file = path == L"-" ? stdin : _wfopen(path.c_str(), L"rb");
-#else
-  std::FILE* file = path == L"-" ? stdin : std::fopen(kvt1::platform::toUtf8(path).c_str(), "rb");
-#endif
-  if (!file) return false;
-  char buffer[65536];
-  std::size_t count = 0;
-  while ((count = std::fread(buffer, 1, sizeof buffer, file)) > 0) bytes.append(buffer, count);
-  if (file != stdin) std::fclose(file);
+bool readScript(const std::wstring& path, std::wstring& script) {
+  constexpr std::size_t kNoBound = std::numeric_limits<std::size_t>::max();
+  std::string bytes;
+  if (!(path == L"-" ? kvt1::platform::readWholeStream(stdin, kNoBound, bytes)
+                     : kvt1::platform::readWholeFile(path, kNoBound, bytes)))
+    return false;
+  script = kvt1::platform::decodeText(bytes, kvt1::platform::kCodePageUtf8);
   return true;
 }
 
@@ -168,12 +168,11 @@ int run(const std::vector<std::wstring>& args) {
   }
 
   const std::wstring scriptPath = positional.size() == 2 ? positional[1] : L"-";
-  std::string script;
-  if (!readFile(scriptPath, script)) {
+  std::wstring script;
+  if (!readScript(scriptPath, script)) {
     printError(L"cannot read the script " + scriptPath);
     return 1;
   }
-  if (script.rfind("\xEF\xBB\xBF", 0) == 0) script.erase(0, 3);
 
   if (!registryFolder.empty() && !useRegistryFolder(registryFolder)) {
     printError(L"--registry applies to the Linux build's file-backed registry only");
@@ -189,7 +188,7 @@ int run(const std::vector<std::wstring>& args) {
   std::error_code ignored;
   const std::filesystem::path modulePath = std::filesystem::absolute(std::filesystem::path(positional[0]), ignored);
   if (!session.load(modulePath.wstring())) return 1;
-  session.runScript(kvt1::platform::fromUtf8(script));
+  session.runScript(script);
   session.unload();
   return session.faults() == 0 ? 0 : 2;
 }
