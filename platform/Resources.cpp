@@ -1,6 +1,6 @@
 #include "platform/Resources.h"
 
-#include <cwctype>
+#include "platform/CaseFolding.h"
 
 namespace kvt1::platform {
 namespace {
@@ -10,11 +10,7 @@ void* g_resourceModule = nullptr;
 bool ResourceId::matches(unsigned short number, const wchar_t* name) const {
   if (isNumber()) return name == nullptr && number == number_;
   if (name == nullptr) return false;
-  std::size_t i = 0;
-  for (; i < name_.size() && name[i] != L'\0'; ++i) {
-    if (std::towupper(name_[i]) != std::towupper(name[i])) return false;
-  }
-  return i == name_.size() && name[i] == L'\0';
+  return equalsIgnoringCase(name_, name);
 }
 
 void* resourceModule() { return g_resourceModule; }

@@ -3,6 +3,9 @@
 #include <cstddef>
 #include <string_view>
 
+#include "platform/CaseFolding.h"
+#include "platform/Unicode.h"
+
 namespace kvt1 {
 namespace {
 
@@ -43,16 +46,6 @@ constexpr std::string_view kCodePageRows =
     "1565000csunicode11utf71565000x-unicode20utf70765001cp650011765001unicode-1-1-utf-8"
     "1765001unicode-2-0-utf-81565001x-unicode20utf8";
 
-bool equalsLowerCase(std::wstring_view name, std::string_view lower) {
-  if (name.size() != lower.size()) return false;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    wchar_t c = name[i];
-    if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
-    if (c != static_cast<wchar_t>(static_cast<unsigned char>(lower[i]))) return false;
-  }
-  return true;
-}
-
 unsigned digits(std::string_view text) {
   unsigned value = 0;
   for (const char c : text) value = value * 10 + static_cast<unsigned>(c - '0');
@@ -65,7 +58,8 @@ unsigned codePageFromEncodingName(std::wstring_view name) {
   std::size_t pos = 0;
   while (pos + 7 <= kCodePageRows.size()) {
     const std::size_t length = digits(kCodePageRows.substr(pos, 2));
-    if (equalsLowerCase(name, kCodePageRows.substr(pos + 7, length))) return digits(kCodePageRows.substr(pos + 2, 5));
+    if (platform::asciiLowerCase(name) == platform::fromUtf8(kCodePageRows.substr(pos + 7, length)))
+      return digits(kCodePageRows.substr(pos + 2, 5));
     pos += 7 + length;
   }
   return 0;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bitset>
 
+#include "platform/CaseFolding.h"
+
 namespace kvt1::html {
 namespace {
 
@@ -91,7 +93,7 @@ class Compiler {
       ++pos_;
       any = true;
     } else if (pos_ < text_.size() && isIdentChar(text_[pos_])) {
-      c.tag = atomOf(asciiLower(ident()));
+      c.tag = atomOf(platform::asciiLowerCase(ident()));
       if (c.tag == kNoAtom) c.impossible = true;
       any = true;
     }
@@ -128,7 +130,7 @@ class Compiler {
     const std::wstring_view name = ident();
     if (name.empty()) return false;
     Selector::AttributeTest test;
-    test.key = atomOf(asciiLower(name));
+    test.key = atomOf(platform::asciiLowerCase(name));
     if (test.key == kNoAtom) c.impossible = true;
     c.attributeMask |= atomBit(test.key);
     skipSpaces();
@@ -173,7 +175,7 @@ class Compiler {
 
   bool parsePseudo(Compound& c) {
     ++pos_;
-    const std::wstring name = asciiLower(ident());
+    const std::wstring name = platform::asciiLowerCase(ident());
     if (name == L"root") {
       c.root = true;
     } else if (name == L"first-child") {

@@ -21,10 +21,6 @@ class AtomTable {
   std::unordered_map<std::wstring, Atom> atoms_;
 };
 
-// ASCII letters lowered; tag and attribute names compare without case.
-std::wstring asciiLower(std::wstring_view text);
-std::string asciiLower(std::string_view text);
-bool equalsNoCase(std::string_view a, std::string_view b);
 // A narrow name (tag, attribute, style property) as a wide string.
 std::wstring widenName(std::string_view name);
 

@@ -2,6 +2,7 @@
 // the menu that the style "context-menu" names, opened at the pointer.
 #include "htmlui/engine/DomEngine.h"
 #include "htmlui/engine/InlineStyle.h"
+#include "platform/CaseFolding.h"
 
 namespace kvt1::html {
 namespace {
@@ -14,7 +15,7 @@ BOOL HLCALLBACK takeFirstElement(HELEMENT he, LPVOID param) {
 // "selector(menu#id)" without its function name; empty for any other value.
 std::wstring selectorOf(const std::wstring& value) {
   const std::wstring prefix = L"selector(";
-  if (value.size() <= prefix.size() + 1 || asciiLower(value.substr(0, prefix.size())) != prefix ||
+  if (value.size() <= prefix.size() + 1 || platform::asciiLowerCase(value.substr(0, prefix.size())) != prefix ||
       value.back() != L')')
     return {};
   return value.substr(prefix.size(), value.size() - prefix.size() - 1);

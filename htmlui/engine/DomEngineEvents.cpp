@@ -5,6 +5,7 @@
 #include "htmlui/engine/DomEngine.h"
 #include "htmlui/engine/HtmlValue.h"
 #include "htmlui/engine/InlineStyle.h"
+#include "platform/CaseFolding.h"
 #include "platform/Unicode.h"
 
 namespace kvt1::html {
@@ -197,7 +198,7 @@ bool DomEngine::click(HELEMENT he) {
   const std::uint32_t n = e->number;
   if (e->tag == "input") {
     const std::wstring* typeValue = tree_.attributeValue(*e, "type");
-    const std::wstring type = typeValue != nullptr ? asciiLower(*typeValue) : L"text";
+    const std::wstring type = typeValue != nullptr ? platform::asciiLowerCase(*typeValue) : L"text";
     if (type == L"checkbox" || type == L"radio") {
       if (type == L"checkbox") {
         e->state ^= STATE_CHECKED;

@@ -4,6 +4,7 @@
 #include "htmlui/engine/DomEngine.h"
 #include "htmlui/engine/HtmlWriter.h"
 #include "htmlui/engine/InlineStyle.h"
+#include "platform/CaseFolding.h"
 #include "platform/Unicode.h"
 
 namespace kvt1::html {
@@ -152,7 +153,8 @@ HLDOM_RESULT DomEngine::IsElementVisible(HELEMENT he, BOOL* pVisible) {
     const std::wstring* inlineStyle = tree_.attributeValue(*p, "style");
     const std::optional<std::wstring> display = effectiveStyle(*p, inlineStyle, "display");
     const std::optional<std::wstring> visibility = effectiveStyle(*p, inlineStyle, "visibility");
-    if ((display && asciiLower(*display) == L"none") || (visibility && asciiLower(*visibility) == L"hidden"))
+    if ((display && platform::asciiLowerCase(*display) == L"none") ||
+        (visibility && platform::asciiLowerCase(*visibility) == L"hidden"))
       return HLDOM_OK;
   }
   *pVisible = TRUE;

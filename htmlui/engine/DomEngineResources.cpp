@@ -3,6 +3,7 @@
 #include "htmlui/engine/DomEngine.h"
 #include "htmlui/engine/PageText.h"
 #include "htmlui/engine/StyleImports.h"
+#include "platform/CaseFolding.h"
 #include "platform/Unicode.h"
 
 namespace kvt1::html {
@@ -26,7 +27,7 @@ std::wstring rawText(const Element& e) {
 }
 
 bool isStyleSheetLink(const std::wstring* rel) {
-  return rel != nullptr && asciiLower(*rel).find(L"stylesheet") != std::wstring::npos;
+  return rel != nullptr && platform::asciiLowerCase(*rel).find(L"stylesheet") != std::wstring::npos;
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "htmlui/engine/CssSelector.h"
 #include "htmlui/engine/DomEngine.h"
+#include "platform/CaseFolding.h"
 #include "platform/Unicode.h"
 
 namespace kvt1::html {
@@ -41,7 +42,7 @@ std::vector<std::string> tagList(LPCSTR tagNames) {
     std::string_view tag = rest.substr(0, comma);
     while (!tag.empty() && tag.front() == ' ') tag.remove_prefix(1);
     while (!tag.empty() && tag.back() == ' ') tag.remove_suffix(1);
-    if (!tag.empty()) tags.push_back(asciiLower(tag));
+    if (!tag.empty()) tags.push_back(platform::asciiLowerCase(tag));
     if (comma == std::string_view::npos) break;
     rest.remove_prefix(comma + 1);
   }
@@ -118,13 +119,14 @@ HLDOM_RESULT DomEngine::VisitElements(HELEMENT he, LPCSTR tagName, LPCSTR attrib
   if (root == nullptr) return HLDOM_INVALID_HANDLE;
   if (cb == nullptr) return HLDOM_INVALID_PARAMETER;
   const std::vector<std::string> tags = tagList(tagName);
-  const std::string attributePattern = attributeName != nullptr ? asciiLower(attributeName) : std::string();
+  const std::string attributePattern =
+      attributeName != nullptr ? platform::asciiLowerCase(attributeName) : std::string();
   const std::wstring_view valuePattern = attributeValue != nullptr ? attributeValue : L"";
   const auto matches = [&](const Element& e) {
     if (!tags.empty() && std::find(tags.begin(), tags.end(), e.tag) == tags.end()) return false;
     if (attributeName == nullptr) return true;
     for (const Attribute& a : e.attributes) {
-      if (!wildcardMatch<char>(attributePattern, asciiLower(a.name))) continue;
+      if (!wildcardMatch<char>(attributePattern, platform::asciiLowerCase(a.name))) continue;
       if (attributeValue == nullptr || wildcardMatch<wchar_t>(valuePattern, a.value)) return true;
     }
     return false;

@@ -2,6 +2,7 @@
 #include "htmlui/engine/DomEngine.h"
 #include "htmlui/engine/HtmlValue.h"
 #include "htmlui/engine/HtmlWriter.h"
+#include "platform/CaseFolding.h"
 
 namespace kvt1::html {
 namespace {
@@ -13,7 +14,7 @@ ControlKind kindOf(const Element& e, const DomTree& tree) {
   if (e.tag == "select") return ControlKind::Select;
   if (e.tag != "input") return ControlKind::Other;
   const std::wstring* type = tree.attributeValue(e, "type");
-  const std::wstring lowered = type != nullptr ? asciiLower(*type) : std::wstring();
+  const std::wstring lowered = type != nullptr ? platform::asciiLowerCase(*type) : std::wstring();
   return lowered == L"checkbox" || lowered == L"radio" ? ControlKind::Toggle : ControlKind::TextInput;
 }
 

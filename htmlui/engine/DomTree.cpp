@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cwctype>
 
+#include "platform/CaseFolding.h"
+
 namespace kvt1::html {
 
 Element* DomTree::create(std::string_view tag) {
   auto element = std::make_unique<Element>();
   element->number = nextNumber_++;
-  element->tag = asciiLower(tag);
+  element->tag = platform::asciiLowerCase(tag);
   element->tagAtom = atoms_.intern(widenName(element->tag));
   Element* raw = element.get();
   elements_.emplace(raw->number, std::move(element));
@@ -100,10 +102,10 @@ const std::vector<OrderEntry>& DomTree::order(Element& top) {
   return order;
 }
 
-Atom DomTree::attributeKey(std::string_view name) { return atoms_.intern(asciiLower(widenName(name))); }
+Atom DomTree::attributeKey(std::string_view name) { return atoms_.intern(platform::asciiLowerCase(widenName(name))); }
 
 const std::wstring* DomTree::attributeValue(const Element& element, std::string_view name) const {
-  const Atom key = atoms_.find(asciiLower(widenName(name)));
+  const Atom key = atoms_.find(platform::asciiLowerCase(widenName(name)));
   return key != kNoAtom ? element.attributeValue(key) : nullptr;
 }
 
@@ -123,7 +125,7 @@ void DomTree::setAttribute(Element& element, std::string_view name, std::wstring
 }
 
 bool DomTree::removeAttribute(Element& element, std::string_view name) {
-  const Atom key = atoms_.find(asciiLower(widenName(name)));
+  const Atom key = atoms_.find(platform::asciiLowerCase(widenName(name)));
   for (auto it = element.attributes.begin(); it != element.attributes.end(); ++it) {
     if (it->key != key) continue;
     element.attributes.erase(it);

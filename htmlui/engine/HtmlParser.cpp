@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <string>
 
+#include "platform/CaseFolding.h"
 #include "platform/Unicode.h"
 #include "text/XmlEntities.h"
 
@@ -130,7 +131,7 @@ class Parser {
 
   void addAttribute(Element& element, const std::string& name, const std::wstring& value) {
     if (name.empty()) return;
-    if (equalsNoCase(name, "class")) {
+    if (platform::asciiEqualsIgnoringCase(name, "class")) {
       const std::wstring* existing = tree_.attributeValue(element, "class");
       if (existing != nullptr) {
         if (value.empty()) return;
@@ -221,7 +222,7 @@ class Parser {
 
   void startTag() {
     std::size_t p = pos_ + 1;
-    const std::string tag = asciiLower(platform::toUtf8(readWhile(p, isNameChar)));
+    const std::string tag = platform::asciiLowerCase(platform::toUtf8(readWhile(p, isNameChar)));
     closeImplied(tag);
     if (open_.size() >= kMaxNesting) open_.pop_back();
     Element* element = tree_.create(tag);
@@ -243,7 +244,7 @@ class Parser {
     for (;;) {
       end = text_.find(L"</", end);
       if (end == std::wstring_view::npos) break;
-      if (asciiLower(text_.substr(end, closing.size())) == closing) break;
+      if (platform::asciiLowerCase(text_.substr(end, closing.size())) == closing) break;
       end += 2;
     }
     const std::size_t contentEnd = end == std::wstring_view::npos ? text_.size() : end;
@@ -258,7 +259,7 @@ class Parser {
 
   void endTag() {
     std::size_t p = pos_ + 2;
-    const std::string tag = asciiLower(platform::toUtf8(readWhile(p, isNameChar)));
+    const std::string tag = platform::asciiLowerCase(platform::toUtf8(readWhile(p, isNameChar)));
     skipPast(L">", p);
     if (tag.empty()) return;
     for (std::size_t i = open_.size(); i-- > 0;) {

@@ -1,6 +1,7 @@
 #include "htmlui/engine/InlineStyle.h"
 
 #include "htmlui/engine/DomAtoms.h"
+#include "platform/CaseFolding.h"
 #include "platform/Unicode.h"
 
 namespace kvt1::html {
@@ -27,7 +28,7 @@ StyleDeclarations parseInlineStyle(std::wstring_view text) {
       const std::wstring_view name = trimmed(declaration.substr(0, colon));
       const std::wstring_view value = trimmed(declaration.substr(colon + 1));
       if (!name.empty() && !value.empty())
-        out.emplace_back(asciiLower(platform::toUtf8(name)), std::wstring(value));
+        out.emplace_back(platform::asciiLowerCase(platform::toUtf8(name)), std::wstring(value));
     }
     pos = end + 1;
   }
@@ -48,7 +49,7 @@ std::wstring writeInlineStyle(const StyleDeclarations& declarations) {
 
 std::optional<std::wstring> effectiveStyle(const Element& element, const std::wstring* inlineStyle,
                                            std::string_view name) {
-  const std::string lowered = asciiLower(name);
+  const std::string lowered = platform::asciiLowerCase(name);
   for (const auto& [key, value] : element.runtimeStyles)
     if (key == lowered) return value;
   if (inlineStyle == nullptr) return std::nullopt;

@@ -1,6 +1,7 @@
 #include "htmlui/engine/StyleImports.h"
 
 #include "htmlui/engine/DomAtoms.h"
+#include "platform/CaseFolding.h"
 
 namespace kvt1::html {
 namespace {
@@ -14,7 +15,7 @@ std::vector<StyleImport> findStyleImports(std::wstring_view css) {
   constexpr std::wstring_view kKeyword = L"@import";
   std::size_t pos = 0;
   while ((pos = css.find(L'@', pos)) != std::wstring_view::npos) {
-    if (asciiLower(css.substr(pos, kKeyword.size())) != kKeyword) {
+    if (platform::asciiLowerCase(css.substr(pos, kKeyword.size())) != kKeyword) {
       ++pos;
       continue;
     }
@@ -23,7 +24,7 @@ std::vector<StyleImport> findStyleImports(std::wstring_view css) {
     std::size_t p = pos + kKeyword.size();
     while (p < css.size() && isSpace(css[p])) ++p;
     bool inUrl = false;
-    if (asciiLower(css.substr(p, 4)) == L"url(") {
+    if (platform::asciiLowerCase(css.substr(p, 4)) == L"url(") {
       inUrl = true;
       p += 4;
       while (p < css.size() && isSpace(css[p])) ++p;

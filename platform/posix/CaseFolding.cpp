@@ -27,18 +27,24 @@ locale_t unicodeLocale() {
   return locale.get();
 }
 
+// Without the Unicode locale only A to Z are mapped.
+std::wstring mapped(std::wstring_view text, wint_t (*map)(wint_t, locale_t), bool upper) {
+  std::wstring out(text);
+  const locale_t locale = unicodeLocale();
+  const wchar_t from = upper ? L'a' : L'A';
+  const wchar_t to = upper ? L'A' : L'a';
+  for (wchar_t& c : out) {
+    if (locale != static_cast<locale_t>(nullptr))
+      c = static_cast<wchar_t>(map(static_cast<wint_t>(c), locale));
+    else if (c >= from && c <= from + 25)
+      c = static_cast<wchar_t>(c - from + to);
+  }
+  return out;
+}
+
 }  // namespace
 
-std::wstring lowerCase(std::wstring_view text) {
-  std::wstring lowered(text);
-  const locale_t locale = unicodeLocale();
-  for (wchar_t& c : lowered) {
-    if (locale != static_cast<locale_t>(nullptr))
-      c = static_cast<wchar_t>(towlower_l(static_cast<wint_t>(c), locale));
-    else if (c >= L'A' && c <= L'Z')
-      c = static_cast<wchar_t>(c - L'A' + L'a');
-  }
-  return lowered;
-}
+std::wstring lowerCase(std::wstring_view text) { return mapped(text, towlower_l, false); }
+std::wstring upperCase(std::wstring_view text) { return mapped(text, towupper_l, true); }
 
 }  // namespace kvt1::platform

@@ -1,33 +1,22 @@
 #include "platform/posix/RegistryTree.h"
 
 #include <algorithm>
-#include <cwctype>
+
+#include "platform/CaseFolding.h"
 
 namespace kvt1::platform {
 namespace {
 
-// Upper case as the registry compares names: ASCII and Latin-1 by rule, the
-// rest through the C library.
-wchar_t folded(wchar_t c) {
-  if (c >= L'a' && c <= L'z') return static_cast<wchar_t>(c - 32);
-  if (c < 0x80) return c;
-  if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return static_cast<wchar_t>(c - 32);
-  return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c)));
-}
-
-bool lessName(const std::wstring& a, const std::wstring& b) {
-  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                      [](wchar_t x, wchar_t y) { return folded(x) < folded(y); });
-}
-
 std::vector<RegistryNode>::iterator lowerChild(RegistryNode& node, const std::wstring& name) {
   return std::lower_bound(node.children.begin(), node.children.end(), name,
-                          [](const RegistryNode& child, const std::wstring& key) { return lessName(child.name, key); });
+                          [](const RegistryNode& child, const std::wstring& key) {
+                            return lessIgnoringCase(child.name, key);
+                          });
 }
 
 RegistryNode* findChild(RegistryNode& node, const std::wstring& name) {
   const auto at = lowerChild(node, name);
-  return at != node.children.end() && sameRegistryName(at->name, name) ? &*at : nullptr;
+  return at != node.children.end() && equalsIgnoringCase(at->name, name) ? &*at : nullptr;
 }
 
 void appendSections(const RegistryNode& node, const std::wstring& path, std::vector<RegSection>& sections) {
@@ -42,7 +31,7 @@ void appendSections(const RegistryNode& node, const std::wstring& path, std::vec
 
 bool applySection(RegistryNode& root, const std::wstring& rootName, const RegSection& section) {
   RegistryPath path = splitRegistryPath(section.path);
-  if (path.empty() || !sameRegistryName(path.front(), rootName)) return false;
+  if (path.empty() || !equalsIgnoringCase(path.front(), rootName)) return false;
   path.erase(path.begin());
   if (section.remove) {
     if (path.empty()) return false;
@@ -73,11 +62,6 @@ RegistryPath splitRegistryPath(const std::wstring& path) {
     start = end + 1;
   }
   return parts;
-}
-
-bool sameRegistryName(const std::wstring& a, const std::wstring& b) {
-  return a.size() == b.size() &&
-         std::equal(a.begin(), a.end(), b.begin(), [](wchar_t x, wchar_t y) { return folded(x) == folded(y); });
 }
 
 RegistryNode* findNode(RegistryNode& root, const RegistryPath& path) {
@@ -114,14 +98,14 @@ bool removeNode(RegistryNode& root, const RegistryPath& path) {
   RegistryNode* parent = findNode(root, RegistryPath(path.begin(), path.end() - 1));
   if (parent == nullptr) return false;
   const auto at = lowerChild(*parent, path.back());
-  if (at == parent->children.end() || !sameRegistryName(at->name, path.back())) return false;
+  if (at == parent->children.end() || !equalsIgnoringCase(at->name, path.back())) return false;
   parent->children.erase(at);
   return true;
 }
 
 const RegValue* findValue(const RegistryNode& node, const std::wstring& name) {
   for (const RegValue& value : node.values) {
-    if (sameRegistryName(value.name, name)) return &value;
+    if (equalsIgnoringCase(value.name, name)) return &value;
   }
   return nullptr;
 }
@@ -139,7 +123,7 @@ void setNodeValue(RegistryNode& node, RegValue value) {
 
 bool removeNodeValue(RegistryNode& node, const std::wstring& name) {
   const auto at = std::find_if(node.values.begin(), node.values.end(),
-                               [&name](const RegValue& value) { return sameRegistryName(value.name, name); });
+                               [&name](const RegValue& value) { return equalsIgnoringCase(value.name, name); });
   if (at == node.values.end()) return false;
   node.values.erase(at);
   return true;

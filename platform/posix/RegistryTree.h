@@ -19,7 +19,6 @@ using RegistryPath = std::vector<std::wstring>;
 
 // Key names between "\"; empty parts (doubled or outer separators) are skipped.
 RegistryPath splitRegistryPath(const std::wstring& path);
-bool sameRegistryName(const std::wstring& a, const std::wstring& b);
 
 const RegistryNode* findNode(const RegistryNode& root, const RegistryPath& path);
 RegistryNode* findNode(RegistryNode& root, const RegistryPath& path);

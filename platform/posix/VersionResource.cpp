@@ -1,22 +1,9 @@
 #include "platform/VersionResource.h"
 
-#include <cwctype>
-
+#include "platform/CaseFolding.h"
 #include "platform/posix/EmbeddedVersionInfo.h"
 
 namespace kvt1::platform {
-namespace {
-
-bool equalNoCase(const wchar_t* a, const std::wstring& b) {
-  std::size_t i = 0;
-  for (; a[i] && i < b.size(); ++i) {
-    if (std::towlower(a[i]) != std::towlower(b[i])) return false;
-  }
-  return a[i] == 0 && i == b.size();
-}
-
-}  // namespace
-
 std::optional<VersionResource> VersionResource::ofThisModule() {
   // The weak reference is null when this image embeds no version information.
   const EmbeddedVersionInfo* info = &kvt1EmbeddedVersionInfo;
@@ -33,7 +20,7 @@ std::optional<VersionResource> VersionResource::ofThisModule() {
 std::optional<std::wstring> VersionResource::queryString(const std::wstring& subBlock) const {
   const auto* info = static_cast<const EmbeddedVersionInfo*>(embedded_);
   for (std::size_t i = 0; i < info->stringCount; ++i) {
-    if (equalNoCase(info->strings[i].subBlock, subBlock)) return std::wstring(info->strings[i].value);
+    if (equalsIgnoringCase(info->strings[i].subBlock, subBlock)) return std::wstring(info->strings[i].value);
   }
   return std::nullopt;
 }

@@ -4,14 +4,20 @@
 
 namespace kvt1::platform {
 
-std::wstring lowerCase(std::wstring_view text) {
-  std::wstring lowered(text);
-  if (lowered.empty()) return lowered;
-  // The invariant locale's case map, done in place: it keeps the length.
-  const int length = static_cast<int>(lowered.size());
-  LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_LOWERCASE, lowered.data(), length, lowered.data(), length, nullptr,
-                nullptr, 0);
-  return lowered;
+namespace {
+
+// The invariant locale's case map, done in place: it keeps the length.
+std::wstring mapped(std::wstring_view text, DWORD map) {
+  std::wstring out(text);
+  if (out.empty()) return out;
+  const int length = static_cast<int>(out.size());
+  LCMapStringEx(LOCALE_NAME_INVARIANT, map, out.data(), length, out.data(), length, nullptr, nullptr, 0);
+  return out;
 }
+
+}  // namespace
+
+std::wstring lowerCase(std::wstring_view text) { return mapped(text, LCMAP_LOWERCASE); }
+std::wstring upperCase(std::wstring_view text) { return mapped(text, LCMAP_UPPERCASE); }
 
 }  // namespace kvt1::platform

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cwctype>
 #include <filesystem>
 
+#include "platform/CaseFolding.h"
 #include "platform/File.h"
 #include "platform/RegFile.h"
 #include "platform/Registry.h"
@@ -13,11 +13,6 @@
 
 namespace kvt1 {
 namespace {
-
-std::wstring upper(std::wstring text) {
-  for (wchar_t& c : text) c = static_cast<wchar_t>(std::towupper(c));
-  return text;
-}
 
 TEST(InstallerFile, HoldsEveryMachineSettingUnderTheProductKey) {
   const std::wstring path =
@@ -34,7 +29,7 @@ TEST(InstallerFile, HoldsEveryMachineSettingUnderTheProductKey) {
   platform::RegFileError error;
   ASSERT_TRUE(platform::parseRegFile(bytes, sections, error)) << error.message;
   ASSERT_EQ(sections.size(), 1u);
-  EXPECT_EQ(upper(sections[0].path), upper(L"HKEY_LOCAL_MACHINE\\" + productKeyPath()));
+  EXPECT_EQ(platform::upperCase(sections[0].path), platform::upperCase(L"HKEY_LOCAL_MACHINE\\" + productKeyPath()));
 
   std::vector<std::wstring> names;
   for (const platform::RegValue& value : sections[0].values) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "platform/CaseFolding.h"
 #include "platform/Resources.h"
 #include "platform/ThisModule.h"
 #include "tests/text/TextModule.h"
@@ -68,7 +69,7 @@ TEST_F(TextResourcesTest, RawTextsStayAsStored) {
 class ShoutingFormatter : public NTxtRes::CTextFormatterInterface {
  public:
   void FormatText(std::wstring& text) override {
-    for (wchar_t& c : text) c = static_cast<wchar_t>(towupper(c));
+    text = kvt1::platform::upperCase(text);
   }
 };
 

@@ -3,19 +3,13 @@
 #include <cwchar>
 #include <cwctype>
 
+#include "platform/CaseFolding.h"
+
 namespace kvt1::emu {
 namespace {
 
 bool isDelimiter(wchar_t c) {
   return c == L'\0' || std::iswspace(c) || c == L'(' || c == L')' || c == L'"' || c == L';' || c == L'\'';
-}
-
-bool equalNoCase(const std::wstring& a, const wchar_t* b) {
-  std::size_t i = 0;
-  for (; i < a.size() && b[i]; ++i) {
-    if (std::towlower(a[i]) != std::towlower(b[i])) return false;
-  }
-  return i == a.size() && b[i] == 0;
 }
 
 }  // namespace
@@ -143,8 +137,8 @@ LispValue LispReader::readAtom() {
   while (!isDelimiter(peek())) ++pos_;
   const std::wstring token = text_.substr(start, pos_ - start);
 
-  if (equalNoCase(token, L"nil")) return LispValue::nil();
-  if (equalNoCase(token, L"t")) return LispValue::t();
+  if (platform::equalsIgnoringCase(token, L"nil")) return LispValue::nil();
+  if (platform::equalsIgnoringCase(token, L"t")) return LispValue::t();
 
   // Numbers are written with digits, a sign, a point and an exponent only.
   if (token.find_first_not_of(L"0123456789+-.eE") != std::wstring::npos ||

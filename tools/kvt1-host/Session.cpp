@@ -1,8 +1,7 @@
 #include "tools/kvt1-host/Session.h"
 
-#include <cwctype>
-
 #include "host/arx/ArxExport.h"
+#include "platform/CaseFolding.h"
 #include "platform/WideFormat.h"
 #include "tools/kvt1-host/LispReader.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
@@ -13,11 +12,6 @@ namespace kvt1::emu {
 namespace {
 
 EmulatedHost& host() { return EmulatedHost::instance(); }
-
-std::wstring upper(std::wstring text) {
-  for (wchar_t& c : text) c = static_cast<wchar_t>(std::towupper(c));
-  return text;
-}
 
 }  // namespace
 
@@ -122,7 +116,7 @@ void Session::closeDocument() {
 }
 
 bool Session::runCommand(const std::wstring& name, int line) {
-  const std::wstring key = upper(name);
+  const std::wstring key = platform::upperCase(name);
   if (key == L"NEW") {
     openDocument();
   } else if (key == L"CLOSE") {
@@ -202,7 +196,7 @@ bool Session::callFunction(const LispValue& form, int line, LispValue& result) {
     return false;
   }
   const std::wstring name = head.text;
-  if (upper(name) == L"QUOTE") {
+  if (platform::upperCase(name) == L"QUOTE") {
     result = form.items.size() > 1 ? form.items[1] : LispValue::nil();
     return true;
   }
@@ -215,8 +209,8 @@ bool Session::callFunction(const LispValue& form, int line, LispValue& result) {
   }
 
   // The host's own environment functions.
-  if (upper(name) == L"GETENV" || upper(name) == L"SETENV") {
-    const bool set = upper(name) == L"SETENV";
+  if (platform::upperCase(name) == L"GETENV" || platform::upperCase(name) == L"SETENV") {
+    const bool set = platform::upperCase(name) == L"SETENV";
     if (args.size() != (set ? 2u : 1u) || args[0].kind != LispValue::Kind::String ||
         (set && args[1].kind != LispValue::Kind::String)) {
       fault(line, L"bad argument type or count: " + name);

@@ -1,6 +1,5 @@
 #include "tools/kvt1-update-service/UpdateService.h"
 
-#include <cctype>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
@@ -18,6 +17,7 @@
 #endif
 
 #include "platform/Base64.h"
+#include "platform/CaseFolding.h"
 
 namespace kvt1::service {
 namespace {
@@ -94,19 +94,14 @@ std::string headerValue(const std::string& head, const std::string& name) {
     const std::size_t end = head.find("\r\n", start);
     const std::string field = head.substr(start, end == std::string::npos ? std::string::npos : end - start);
     const std::size_t colon = field.find(':');
-    if (colon == name.size()) {
-      bool same = true;
-      for (std::size_t i = 0; i < colon && same; ++i) same = std::tolower(field[i]) == std::tolower(name[i]);
-      if (same) {
-        const std::size_t value = field.find_first_not_of(' ', colon + 1);
-        return value == std::string::npos ? std::string() : field.substr(value);
-      }
+    if (colon != std::string::npos && platform::asciiEqualsIgnoringCase(field.substr(0, colon), name)) {
+      const std::size_t value = field.find_first_not_of(' ', colon + 1);
+      return value == std::string::npos ? std::string() : field.substr(value);
     }
     line = end;
   }
   return std::string();
 }
-
 
 }  // namespace
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/CaseFolding.h"
+
 namespace kvt1::html {
 namespace {
 
@@ -192,9 +194,7 @@ input[type="checkbox"].kvt1-focus:after, input[type="radio"].kvt1-focus:after, i
 }  // namespace
 
 std::string dialogStyleSheet(const std::string& html) {
-  std::string page(html);
-  std::transform(page.begin(), page.end(), page.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  const std::string page = platform::asciiLowerCase(html);
   std::string sheet;
   for (const SheetPart& part : kDialogStyleSheet) {
     if (part.marks.empty() || std::any_of(part.marks.begin(), part.marks.end(),

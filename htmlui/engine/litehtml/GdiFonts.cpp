@@ -1,5 +1,6 @@
 #include "htmlui/engine/litehtml/GdiFonts.h"
 
+#include "platform/CaseFolding.h"
 #include "platform/Unicode.h"
 
 #include <algorithm>
@@ -35,10 +36,10 @@ std::vector<std::wstring> familyNames(const std::string& families) {
 
 // The faces that stand for CSS's generic families; the others have none.
 std::wstring genericFace(const std::wstring& family) {
-  if (_wcsicmp(family.c_str(), L"sans-serif") == 0 || _wcsicmp(family.c_str(), L"system-ui") == 0)
-    return platform::fromUtf8(GdiFonts::kDefaultFamily);
-  if (_wcsicmp(family.c_str(), L"serif") == 0) return L"Times New Roman";
-  if (_wcsicmp(family.c_str(), L"monospace") == 0) return L"Courier New";
+  const std::wstring keyword = platform::asciiLowerCase(family);
+  if (keyword == L"sans-serif" || keyword == L"system-ui") return platform::fromUtf8(GdiFonts::kDefaultFamily);
+  if (keyword == L"serif") return L"Times New Roman";
+  if (keyword == L"monospace") return L"Courier New";
   return family;
 }
 

@@ -2,19 +2,12 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cwctype>
 #include <utility>
 
 #include "platform/Unicode.h"
 #include "tools/kvt1-host/core/ResultBuffers.h"
 
 namespace kvt1::emu {
-
-bool NoCaseLess::operator()(const std::wstring& a, const std::wstring& b) const {
-  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](wchar_t x, wchar_t y) {
-    return std::towlower(x) < std::towlower(y);
-  });
-}
 
 EmulatedHost& EmulatedHost::instance() {
   static EmulatedHost host;

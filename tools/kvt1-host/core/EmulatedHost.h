@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/arx/ArxTypes.h"
+#include "platform/CaseFolding.h"
 #include "tools/kvt1-host/core/HostObjects.h"
 #include "tools/kvt1-host/core/LispValue.h"
 
@@ -20,11 +21,6 @@ struct FunctionHelp {
   std::wstring helpFile;
   std::wstring topic;
   int command = 0;
-};
-
-// Keys that compare without case, as the host's environment and LISP symbols do.
-struct NoCaseLess {
-  bool operator()(const std::wstring& a, const std::wstring& b) const;
 };
 
 class EmulatedHost {
@@ -74,7 +70,7 @@ class EmulatedHost {
 
   struct Document {
     int id = 0;
-    std::map<std::wstring, int, NoCaseLess> functions;
+    std::map<std::wstring, int, platform::LessIgnoringCase> functions;
   };
 
   std::function<void(const std::wstring&)> output_;
@@ -84,7 +80,7 @@ class EmulatedHost {
   int callCode_ = -1;
   resbuf* callArgs_ = nullptr;
   LispValue result_;
-  std::map<std::wstring, std::wstring, NoCaseLess> environment_;
+  std::map<std::wstring, std::wstring, platform::LessIgnoringCase> environment_;
   std::vector<std::wstring> queue_;
   std::vector<FunctionHelp> functionHelp_;
   CommandStack commands_;

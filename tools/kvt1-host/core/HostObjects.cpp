@@ -1,19 +1,14 @@
 #include "tools/kvt1-host/core/HostObjects.h"
 
 #include <algorithm>
-#include <cwctype>
+
+#include "platform/CaseFolding.h"
 
 namespace kvt1::emu {
 namespace {
 
 // Any status but eOk tells the module that the host refused.
 constexpr auto kRefused = static_cast<Acad::ErrorStatus>(-1);
-
-bool equalNoCase(const std::wstring& a, const std::wstring& b) {
-  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](wchar_t x, wchar_t y) {
-           return std::towlower(x) == std::towlower(y);
-         });
-}
 
 HINSTANCE resourceHandle(ArxCommandResource resource) {
 #if KVT1_ARX_RELEASE >= 22
@@ -51,7 +46,9 @@ Acad::ErrorStatus CommandStack::addCommand(const ACHAR* cmdGroupName, const ACHA
   if (!cmdGroupName || !cmdGlobalName || !cmdLocalName || !functionAddr) return kRefused;
   // A group holds each global name once, as in the host.
   for (const Command& command : commands_) {
-    if (equalNoCase(command.group, cmdGroupName) && equalNoCase(command.globalName, cmdGlobalName)) return kRefused;
+    if (platform::equalsIgnoringCase(command.group, cmdGroupName) &&
+        platform::equalsIgnoringCase(command.globalName, cmdGlobalName))
+      return kRefused;
   }
   commands_.push_back({cmdGroupName, cmdGlobalName, cmdLocalName, commandFlags, functionAddr, resourceHandle(resource)});
   return Acad::eOk;
@@ -60,7 +57,9 @@ Acad::ErrorStatus CommandStack::addCommand(const ACHAR* cmdGroupName, const ACHA
 Acad::ErrorStatus CommandStack::removeGroup(const ACHAR* groupName) {
   if (!groupName) return kRefused;
   const auto end = std::remove_if(commands_.begin(), commands_.end(),
-                                  [&](const Command& command) { return equalNoCase(command.group, groupName); });
+                                  [&](const Command& command) {
+                                    return platform::equalsIgnoringCase(command.group, groupName);
+                                  });
   if (end == commands_.end()) return kRefused;
   commands_.erase(end, commands_.end());
   return Acad::eOk;
@@ -69,7 +68,8 @@ Acad::ErrorStatus CommandStack::removeGroup(const ACHAR* groupName) {
 const Command* CommandStack::find(const std::wstring& name) const {
   // The newest registration of a name hides older ones.
   for (auto it = commands_.rbegin(); it != commands_.rend(); ++it) {
-    if (equalNoCase(it->globalName, name) || equalNoCase(it->localName, name)) return &*it;
+    if (platform::equalsIgnoringCase(it->globalName, name) || platform::equalsIgnoringCase(it->localName, name))
+      return &*it;
   }
   return nullptr;
 }
@@ -77,7 +77,7 @@ const Command* CommandStack::find(const std::wstring& name) const {
 AcRxClass* SystemRegistry::isA() const { return const_cast<EmuClass*>(&dictionaryClass()); }
 
 AcRxObject* SystemRegistry::at(const ACHAR* key) const {
-  if (key && equalNoCase(key, ACRX_COMMAND_DOCK)) return &commands_;
+  if (key && platform::equalsIgnoringCase(key, ACRX_COMMAND_DOCK)) return &commands_;
   return nullptr;
 }
 
