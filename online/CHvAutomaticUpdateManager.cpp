@@ -1,9 +1,8 @@
 #include "online/CHvAutomaticUpdateManager.h"
 
-#include <vector>
-
 #include "online/CHvHttpClientManager.h"
 #include "platform/Registry.h"
+#include "platform/RegistryValues.h"
 #include "platform/WideFormat.h"
 
 namespace Hv::Http {
@@ -19,34 +18,9 @@ using kvt1::platform::RegistryRoot;
 const wchar_t kRequestFormat[] =
     L"http://%s/AutomaticUpdateServiceLibrary/CheckForUpdates?product=%d&version=%s&language=%s";
 
-bool readDword(const RegistryKey& key, const wchar_t* name, std::uint32_t& value) {
-  std::uint32_t type = 0;
-  std::uint32_t data = 0;
-  std::uint32_t size = sizeof data;
-  if (key.queryValue(name, type, &data, size) != kvt1::platform::kRegSuccess) return false;
-  if (type != kvt1::platform::kRegDword || size != sizeof data) return false;
-  value = data;
-  return true;
-}
-
-// A REG_SZ value up to its first NUL.
-bool readString(const RegistryKey& key, const wchar_t* name, std::wstring& value) {
-  std::uint32_t type = 0;
-  std::uint32_t size = 0;
-  if (key.queryValue(name, type, nullptr, size) != kvt1::platform::kRegSuccess) return false;
-  if (type != kvt1::platform::kRegSz) return false;
-  std::vector<wchar_t> buffer(size / sizeof(wchar_t) + 1, L'\0');
-  size = static_cast<std::uint32_t>((buffer.size() - 1) * sizeof(wchar_t));
-  if (key.queryValue(name, type, buffer.data(), size) != kvt1::platform::kRegSuccess) return false;
-  if (type != kvt1::platform::kRegSz) return false;
-  value.assign(buffer.data());
-  return true;
-}
-
 // A switch counts only when its value is exactly the one given.
 bool switchIs(const RegistryKey& key, const wchar_t* name, std::uint32_t expected) {
-  std::uint32_t value = 0;
-  return readDword(key, name, value) && value == expected;
+  return kvt1::platform::readDwordValue(key, name) == expected;
 }
 
 long writeUserValue(const std::wstring& keyPath, const wchar_t* name, std::uint32_t type, const void* data,
@@ -70,8 +44,8 @@ void CHvAutomaticUpdateManager::LoadSettings(const std::wstring& keyPath) {
   RegistryKey machine;
   if (RegistryKey::open(RegistryRoot::LocalMachine, keyPath, RegistryAccess::Read, machine) ==
       kvt1::platform::kRegSuccess) {
-    readString(machine, L"CheckUpdateUrl", m_checkUpdateUrl);
-    readString(machine, L"UsageReportUrl", m_usageReportUrl);
+    m_checkUpdateUrl = kvt1::platform::readStringValue(machine, L"CheckUpdateUrl").value_or(m_checkUpdateUrl);
+    m_usageReportUrl = kvt1::platform::readStringValue(machine, L"UsageReportUrl").value_or(m_usageReportUrl);
     if (switchIs(machine, L"DisableUpdateCheck", 1)) m_checkOnStartUp = false;
     if (switchIs(machine, L"DisableAutomaticUpdates", 1)) m_automaticUpdatesDisabled = true;
     if (switchIs(machine, L"ShowInactiveUpdates", 1)) m_showInactiveUpdates = true;
@@ -87,8 +61,8 @@ void CHvAutomaticUpdateManager::LoadSettings(const std::wstring& keyPath) {
   RegistryKey user;
   if (RegistryKey::open(RegistryRoot::CurrentUser, keyPath, RegistryAccess::Read, user) ==
       kvt1::platform::kRegSuccess) {
-    std::wstring record;
-    if (readString(user, L"DismissedUpdates", record) && !record.empty()) ReadDismissedUpdates(record, m_dismissed);
+    const std::wstring record = kvt1::platform::readStringValue(user, L"DismissedUpdates").value_or(std::wstring());
+    if (!record.empty()) ReadDismissedUpdates(record, m_dismissed);
     // The user's value only ever switches the start-up check off.
     if (switchIs(user, L"CheckUpdatesOnStartUp", 0)) m_checkOnStartUp = false;
   }

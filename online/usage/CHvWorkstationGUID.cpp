@@ -1,9 +1,9 @@
 #include "online/usage/CHvWorkstationGUID.h"
 
 #include <cstdint>
-#include <vector>
 
 #include "platform/Registry.h"
+#include "platform/RegistryValues.h"
 
 namespace Hv {
 namespace {
@@ -19,18 +19,8 @@ bool readStoredGuid(const std::wstring& keyPath, kvt1::platform::Guid& guid) {
   if (RegistryKey::open(RegistryRoot::CurrentUser, keyPath, RegistryAccess::Read, key) != kvt1::platform::kRegSuccess) {
     return false;
   }
-  std::uint32_t type = 0;
-  std::uint32_t size = 0;
-  if (key.queryValue(kValueName, type, nullptr, size) != kvt1::platform::kRegSuccess || type != kvt1::platform::kRegSz) {
-    return false;
-  }
-  // The reported size and one character more, so the text always ends.
-  std::vector<wchar_t> buffer(size / sizeof(wchar_t) + 1, L'\0');
-  if (key.queryValue(kValueName, type, buffer.data(), size) != kvt1::platform::kRegSuccess ||
-      type != kvt1::platform::kRegSz) {
-    return false;
-  }
-  return kvt1::platform::parseGuid(buffer.data(), guid);
+  const std::optional<std::wstring> text = kvt1::platform::readStringValue(key, kValueName);
+  return text && kvt1::platform::parseGuid(*text, guid);
 }
 
 void storeGuid(const std::wstring& keyPath, const std::wstring& text) {

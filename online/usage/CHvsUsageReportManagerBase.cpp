@@ -10,6 +10,7 @@
 #include "platform/FileLock.h"
 #include "platform/OsVersion.h"
 #include "platform/Registry.h"
+#include "platform/RegistryValues.h"
 #include "platform/WideFormat.h"
 
 namespace {
@@ -34,18 +35,6 @@ constexpr unsigned kReportLockWaitMs = 2000;
 // knows only that name.
 const wchar_t kArchitecture[] = L"x86";
 
-bool readDword(RegistryRoot root, const std::wstring& keyPath, const wchar_t* name, std::uint32_t& value) {
-  RegistryKey key;
-  if (RegistryKey::open(root, keyPath, RegistryAccess::Read, key) != kvt1::platform::kRegSuccess) return false;
-  std::uint32_t type = 0;
-  std::uint32_t data = 0;
-  std::uint32_t size = sizeof data;
-  if (key.queryValue(name, type, &data, size) != kvt1::platform::kRegSuccess) return false;
-  if (type != kvt1::platform::kRegDword || size != sizeof data) return false;
-  value = data;
-  return true;
-}
-
 void storeConsent(const std::wstring& keyPath, std::uint32_t value) {
   RegistryKey key;
   if (RegistryKey::create(RegistryRoot::CurrentUser, keyPath, RegistryAccess::Full, key) != kvt1::platform::kRegSuccess) {
@@ -63,8 +52,8 @@ CHvsUsageReportManagerBase::~CHvsUsageReportManagerBase() { WaitForSend(); }
 void CHvsUsageReportManagerBase::DecideConsent() {
   m_collecting = false;
   m_ask = false;
-  std::uint32_t value = kConsentUnset;
-  readDword(RegistryRoot::CurrentUser, GetProductKeyPath(), kConsentValue, value);
+  const std::uint32_t value = kvt1::platform::readDwordValue(RegistryRoot::CurrentUser, GetProductKeyPath(), kConsentValue)
+                                   .value_or(kConsentUnset);
   if (value == kConsentUnset) {
     m_ask = true;
     return;
@@ -156,17 +145,17 @@ void CHvsUsageReportManagerBase::WaitForSend() {
 }
 
 bool CHvsUsageReportManagerBase::SaveCompressed() {
-  std::uint32_t uncompressed = 0;
-  return !(readDword(RegistryRoot::LocalMachine, GetProductKeyPath(), L"DataCollectionUncompressed", uncompressed) &&
-           uncompressed == 1);
+  const auto uncompressed =
+      kvt1::platform::readDwordValue(RegistryRoot::LocalMachine, GetProductKeyPath(), L"DataCollectionUncompressed");
+  return uncompressed != 1u;
 }
 
 std::int64_t CHvsUsageReportManagerBase::IntervalSeconds() {
   std::int64_t days = kDefaultIntervalDays;
-  std::uint32_t configured = 0;
   // The machine's value can only shorten the interval.
-  if (readDword(RegistryRoot::LocalMachine, GetProductKeyPath(), L"DataCollectionInterval", configured)) {
-    days = std::min<std::int64_t>(days, configured);
+  if (const auto configured =
+          kvt1::platform::readDwordValue(RegistryRoot::LocalMachine, GetProductKeyPath(), L"DataCollectionInterval")) {
+    days = std::min<std::int64_t>(days, *configured);
   }
   return days * kSecondsPerDay;
 }

@@ -1,9 +1,8 @@
 #include "online/usage/UsageReportHome.h"
 
-#include <vector>
-
 #include "platform/File.h"
 #include "platform/Registry.h"
+#include "platform/RegistryValues.h"
 
 namespace kvt1::usage {
 namespace {
@@ -49,15 +48,8 @@ bool UsageReportHome::ReadPending(Hv::CHvUsageReport& report) const {
   if (RegistryKey::open(RegistryRoot::CurrentUser, m_keyPath, RegistryAccess::Read, key) != platform::kRegSuccess) {
     return false;
   }
-  std::uint32_t type = 0;
-  std::uint32_t size = 0;
-  if (key.queryValue(kPendingValue, type, nullptr, size) != platform::kRegSuccess || type != platform::kRegBinary ||
-      size == 0 || size > kMaxReportBytes) {
-    return false;
-  }
-  std::vector<char> bytes(size);
-  if (key.queryValue(kPendingValue, type, bytes.data(), size) != platform::kRegSuccess) return false;
-  return readReportFileBytes(std::string_view(bytes.data(), size), report);
+  const std::optional<std::string> bytes = platform::readBinaryValue(key, kPendingValue, kMaxReportBytes);
+  return bytes && readReportFileBytes(*bytes, report);
 }
 
 // Empty bytes mark that the file holds the report.

@@ -6,7 +6,9 @@
 
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
+#include "platform/RegistryValues.h"
 #include "tests/common/ProcessEnvironment.h"
 #include "tests/platform/RegistryTestSupport.h"
 #ifdef _WIN32
@@ -259,6 +261,46 @@ TEST_F(RegistryTest, KeysOpenedForReadingRefuseChanges) {
             kRegSuccess);
   EXPECT_EQ(setDword(reader, L"Nope", 1), kRegAccessDenied);
   EXPECT_EQ(queryWhole(base_, L"Nope").result, kRegFileNotFound);
+}
+
+// The typed reads answer a value only when it is there and of their type;
+// the readers they replaced differed on the binary and NUL cases.
+TEST_F(RegistryTest, TypedReadsAnswerOnlyValuesOfTheirType) {
+  const std::string bytes("\x01\x00\x02", 3);
+  ASSERT_EQ(setDword(base_, L"Number", 42), kRegSuccess);
+  ASSERT_EQ(setString(base_, L"Text", kRegSz, L"one"), kRegSuccess);
+  ASSERT_EQ(setString(base_, L"Expand", kRegExpandSz, L"%TEMP%"), kRegSuccess);
+  ASSERT_EQ(base_.setValue(L"Bytes", kRegBinary, bytes.data(), 3), kRegSuccess);
+  ASSERT_EQ(base_.setValue(L"Short", kRegDword, bytes.data(), 2), kRegSuccess);
+  ASSERT_EQ(base_.setValue(L"Empty", kRegBinary, nullptr, 0), kRegSuccess);
+  const std::wstring withNul(L"two\0three", 10);
+  ASSERT_EQ(base_.setValue(L"Nul", kRegSz, withNul.data(), static_cast<std::uint32_t>(withNul.size() * sizeof(wchar_t))),
+            kRegSuccess);
+
+  const struct {
+    const wchar_t* name;
+    std::optional<std::uint32_t> number;
+    std::optional<std::wstring> text;
+    std::optional<std::string> binary;
+  } cases[] = {
+      {L"Number", 42u, std::nullopt, std::nullopt},
+      {L"Text", std::nullopt, L"one", std::nullopt},
+      {L"Expand", std::nullopt, std::nullopt, std::nullopt},
+      {L"Bytes", std::nullopt, std::nullopt, bytes},
+      {L"Short", std::nullopt, std::nullopt, std::nullopt},
+      {L"Empty", std::nullopt, std::nullopt, std::nullopt},
+      {L"Nul", std::nullopt, L"two", std::nullopt},
+      {L"Missing", std::nullopt, std::nullopt, std::nullopt},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(readDwordValue(base_, c.name), c.number) << c.name;
+    EXPECT_EQ(readStringValue(base_, c.name), c.text) << c.name;
+    EXPECT_EQ(readBinaryValue(base_, c.name, 16), c.binary) << c.name;
+  }
+  EXPECT_EQ(readBinaryValue(base_, L"Bytes", 2), std::nullopt) << "beyond the limit";
+  const std::wstring path = std::wstring(kTestKeyParent) + L"\\registry_tests";
+  EXPECT_EQ(readDwordValue(RegistryRoot::CurrentUser, path, L"Number"), 42u);
+  EXPECT_EQ(readDwordValue(RegistryRoot::CurrentUser, path + L"\\none", L"Number"), std::nullopt);
 }
 
 }  // namespace
