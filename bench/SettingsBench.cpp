@@ -5,7 +5,7 @@
 #include <string>
 
 #include "settings/CHelpTopicMap.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/SettingNumbers.h"
 #include "tests/common/TestInstallation.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 void BM_CachedSettingRead(benchmark::State& state) {
   kvt1::testing::TestInstallation installation;
-  kvt1::CSettingsStore settings;
+  kvt1::SettingsStore settings;
   std::wstring text;
   if (settings.readString(kvt1::kSettingProgramPath, text) != 0) return state.SkipWithError("not installed");
   for (auto _ : state) {

@@ -9,7 +9,7 @@
 #include "online/ModuleUpdateCheck.h"
 #include "online/usage/dialog/ModuleUsageReporting.h"
 #include "platform/ThisModule.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/HelpFiles.h"
 #include "settings/SettingNumbers.h"
 #include "text/MessageDescription.h"
@@ -51,7 +51,7 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
   m_htmlEngineSetup.start(m_htmlEngine);
 
   AcRxArxApp::On_kInitAppMsg(pkt);
-  CSettingsStore& settings = theSettings();
+  SettingsStore& settings = theSettings();
   const bool userDataFolder = ensureUserDataFolder(settings);
   registerCommand();
   if (!m_splash) m_splash = std::make_unique<CKVTSplash>(adsw_acadMainWnd());

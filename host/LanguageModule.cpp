@@ -1,6 +1,6 @@
 #include "host/LanguageModule.h"
 
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/SettingNumbers.h"
 
 namespace kvt1 {
@@ -15,7 +15,7 @@ std::wstring languageModulePath(const ModuleLocation& module, const std::wstring
   return module.folder + module.fileName.substr(0, dot) + language + platform::kLibrarySuffix;
 }
 
-platform::DynamicLibrary loadLanguageModule(const ModuleLocation& module, CSettingsStore& settings) {
+platform::DynamicLibrary loadLanguageModule(const ModuleLocation& module, SettingsStore& settings) {
   std::wstring language;
   if (settings.readString(kSettingLanguage, language) == 0 && !language.empty() && language != kFallbackLanguage) {
     platform::DynamicLibrary chosen = platform::DynamicLibrary::load(languageModulePath(module, language));

@@ -9,13 +9,13 @@
 
 namespace kvt1 {
 
-class CSettingsStore;
+class SettingsStore;
 
 // The language module's path for a language code such as "ENU".
 std::wstring languageModulePath(const ModuleLocation& module, const std::wstring& language);
 
 // Loads the module of the installation's language ("Language" setting),
 // else the English one; not loaded when neither is there.
-platform::DynamicLibrary loadLanguageModule(const ModuleLocation& module, CSettingsStore& settings);
+platform::DynamicLibrary loadLanguageModule(const ModuleLocation& module, SettingsStore& settings);
 
 }  // namespace kvt1

@@ -11,7 +11,7 @@ namespace kvt1 {
 
 class CHelpTopicMap;
 class CKVTSplash;
-class CSettingsStore;
+class SettingsStore;
 
 // The maker's support page, opened by kvt1_support.
 extern const wchar_t kSupportPageAddress[];
@@ -20,7 +20,7 @@ class CLispServices {
  public:
   using SleepFunction = void (*)(unsigned milliseconds);
 
-  CLispServices(CHelpTopicMap& helpMap, CSettingsStore& settings, SleepFunction sleep = platform::sleepMilliseconds)
+  CLispServices(CHelpTopicMap& helpMap, SettingsStore& settings, SleepFunction sleep = platform::sleepMilliseconds)
       : helpMap_(helpMap), settings_(settings), sleep_(sleep) {}
 
   // The splash that kvt1_splash drives; null while there is none.
@@ -41,7 +41,7 @@ class CLispServices {
 
  private:
   CHelpTopicMap& helpMap_;
-  CSettingsStore& settings_;
+  SettingsStore& settings_;
   SleepFunction sleep_;
   CKVTSplash* splash_ = nullptr;
 };

@@ -3,12 +3,12 @@
 #include "host/identity/ProductIdentity.h"
 #include "platform/File.h"
 #include "platform/KnownFolders.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/SettingNumbers.h"
 
 namespace kvt1 {
 
-bool ensureUserDataFolder(CSettingsStore& settings) {
+bool ensureUserDataFolder(SettingsStore& settings) {
   std::wstring folder;
   const int read = settings.readString(kSettingUserDataPath, folder);
   if (read == -1) return false;  // there, but no text: the user's, left alone

@@ -4,9 +4,9 @@
 // A value the user has is never replaced, even one that cannot be read.
 namespace kvt1 {
 
-class CSettingsStore;
+class SettingsStore;
 
 // True once the folder exists; false when it cannot be named or created.
-bool ensureUserDataFolder(CSettingsStore& settings);
+bool ensureUserDataFolder(SettingsStore& settings);
 
 }  // namespace kvt1

@@ -8,7 +8,7 @@
 #include "online/CHvHttpClientManager.h"
 #include "online/CCheckForUpdateView.h"
 #include "online/CHvCheckForUpdatePresenter.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
 
@@ -26,7 +26,7 @@ BackgroundUpdateFetch& startUpFetch() {
   return fetch;
 }
 
-Hv::Http::UpdateCheckRequest moduleRequest(bool manual, CSettingsStore& settings) {
+Hv::Http::UpdateCheckRequest moduleRequest(bool manual, SettingsStore& settings) {
   Hv::Http::UpdateCheckRequest request;
   request.manual = manual;
   request.version = moduleVersionNumber(VersionNumber::Product);
@@ -55,7 +55,7 @@ void loadUpdateServices(const std::wstring& moduleFolder) {
   updates->LoadSettings(productKeyPath());
 }
 
-std::wstring updateLanguage(CSettingsStore& settings) {
+std::wstring updateLanguage(SettingsStore& settings) {
   std::wstring language;
   const bool usable = settings.readString(kSettingLanguage, language) == 0 && language.size() == 3 &&
                       language.find_first_not_of(L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz") ==
@@ -63,7 +63,7 @@ std::wstring updateLanguage(CSettingsStore& settings) {
   return usable ? language : L"ENG";
 }
 
-void startModuleUpdateCheck(CSettingsStore& settings, HWND parent, ModuleScope scope) {
+void startModuleUpdateCheck(SettingsStore& settings, HWND parent, ModuleScope scope) {
   const CHvAutomaticUpdateManager* manager = CHvAutomaticUpdateManager::Instance();
   if (!manager->StartUpChecksAllowed()) return;
   const Hv::Http::UpdateCheckRequest request = moduleRequest(false, settings);
@@ -76,7 +76,7 @@ void startModuleUpdateCheck(CSettingsStore& settings, HWND parent, ModuleScope s
       });
 }
 
-void runModuleUpdateCheck(CSettingsStore& settings, HWND parent) {
+void runModuleUpdateCheck(SettingsStore& settings, HWND parent) {
   runCheck(moduleRequest(true, settings), parent,
            [](std::uint32_t product, const std::wstring& version, const std::wstring& language) {
              return BackgroundUpdateFetch::FetchServingMessages([&] {

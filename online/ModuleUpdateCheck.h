@@ -8,7 +8,7 @@
 
 namespace kvt1 {
 
-class CSettingsStore;
+class SettingsStore;
 
 // Loads the HTTP client library from the module folder (with or without a
 // trailing separator) and the update settings from the product key.
@@ -16,7 +16,7 @@ void loadUpdateServices(const std::wstring& moduleFolder);
 
 // The language code sent with a request: the installation's "Language" when
 // it is three ASCII letters, else "ENG".
-std::wstring updateLanguage(CSettingsStore& settings);
+std::wstring updateLanguage(SettingsStore& settings);
 
 // Runs work on the main thread as the module's own, outside any call from
 // the host (with the module's resources current).
@@ -26,11 +26,11 @@ using ModuleScope = std::function<void(const std::function<void()>& work)>;
 // worker thread and this returns at once; when the answer comes, the host's
 // message loop shows its findings in the update notification over parent,
 // inside scope.
-void startModuleUpdateCheck(CSettingsStore& settings, HWND parent, ModuleScope scope);
+void startModuleUpdateCheck(SettingsStore& settings, HWND parent, ModuleScope scope);
 
 // A check the user asked for: waits for its answer while the host's windows
 // are served, shows its findings, or the message that there were none.
-void runModuleUpdateCheck(CSettingsStore& settings, HWND parent);
+void runModuleUpdateCheck(SettingsStore& settings, HWND parent);
 
 // For unloading: ends every request at once (the start-up check's, a usage
 // upload) and waits for the start-up check's thread; nothing more is shown.

@@ -7,7 +7,7 @@
 #include "platform/FilePath.h"
 #include "platform/HtmlHelp.h"
 #include "platform/MessageBox.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/SettingNumbers.h"
 #include "text/MessageDescription.h"
 #include "text/Placeholders.h"
@@ -24,21 +24,21 @@ bool fileExists(const std::wstring& path) {
 
 }  // namespace
 
-std::wstring helpMapFile(CSettingsStore& settings) {
+std::wstring helpMapFile(SettingsStore& settings) {
   std::wstring programPath;
   settings.readString(kSettingProgramPath, programPath);
   return platform::joinPath(programPath, productName(kProductNumber) + L"HelpID.csv");
 }
 
-std::wstring productHelpFile(CSettingsStore& settings) {
+std::wstring productHelpFile(SettingsStore& settings) {
   return platform::joinPath(settings.helpFolder(), productName(kProductNumber) + L".chm");
 }
 
-std::wstring installationHelpFile(CSettingsStore& settings) {
+std::wstring installationHelpFile(SettingsStore& settings) {
   return platform::joinPath(settings.helpFolder(), L"installation.chm");
 }
 
-void showHelp(CSettingsStore& settings, int id, bool allowInstallationHelp) {
+void showHelp(SettingsStore& settings, int id, bool allowInstallationHelp) {
   const bool installation = allowInstallationHelp && id >= 10 && id <= 13;
   const std::wstring file = installation ? installationHelpFile(settings) : productHelpFile(settings);
   if (!fileExists(file)) {

@@ -3,7 +3,7 @@
 #include "host/identity/ModuleVersion.h"
 #include "host/identity/ProductIdentity.h"
 #include "platform/FilePath.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/SettingNumbers.h"
 
 namespace kvt1 {

@@ -2,7 +2,7 @@
 
 #include "host/identity/ProductIdentity.h"
 #include "online/usage/UsageReportUpload.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
 

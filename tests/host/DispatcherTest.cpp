@@ -7,7 +7,7 @@
 #include "host/LispServices.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "settings/CHelpTopicMap.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/ProductKey.h"
 #include "tests/common/HeadlessRecorder.h"
 #include "tests/common/TestInstallation.h"
@@ -52,7 +52,7 @@ class Dispatcher : public ::testing::Test {
   testing::TestInstallation installation;
   std::wstring output;
   CHelpTopicMap helpMap;
-  CSettingsStore settings;
+  SettingsStore settings;
   CLispServices services{helpMap, settings};
 };
 

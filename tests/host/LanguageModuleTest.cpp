@@ -4,7 +4,7 @@
 
 #include "platform/Registry.h"
 #include "platform/Resources.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "tests/common/BesideProgram.h"
 #include "tests/common/TestInstallation.h"
 
@@ -27,7 +27,7 @@ TEST(LanguageModule, IsNamedAfterTheModuleAndTheLanguage) {
 TEST(LanguageModule, FallsBackToEnglishWhenTheInstalledLanguageIsMissing) {
   testing::TestInstallation installation;
   installation.setMachineString(L"Language", L"XYZ");
-  CSettingsStore settings;
+  SettingsStore settings;
   const ModuleLocation beside{testing::programFolder(), L"" KVT1_MODULE_FILE};
   platform::DynamicLibrary language = loadLanguageModule(beside, settings);
   ASSERT_TRUE(language.isLoaded());

@@ -5,7 +5,7 @@
 #include "platform/FilePath.h"
 #include "platform/MessageBox.h"
 #include "platform/Resources.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "tests/common/BesideProgram.h"
 #include "tests/common/HeadlessRecorder.h"
 #include "tests/common/TestInstallation.h"
@@ -31,7 +31,7 @@ class HelpFiles : public ::testing::Test {
   std::vector<std::wstring>& requests() { return testing::headless().helpRequests; }
 
   testing::TestInstallation installation;
-  CSettingsStore settings;
+  SettingsStore settings;
   std::wstring productHelp;
   std::wstring installationHelp;
 };
@@ -81,7 +81,7 @@ TEST_F(HelpFiles, AMissingHelpFileIsReportedWithTheInstalledText) {
   for (const wchar_t* dataFolder : {L"Data", L"Data %d %s"}) {
     testing::headless() = {};
     testing::TestInstallation elsewhere(true, dataFolder);  // an installation without help files
-    CSettingsStore other;
+    SettingsStore other;
     showHelp(other, 7, false);
     EXPECT_TRUE(requests().empty());
     ASSERT_EQ(testing::headless().messages.size(), 1u);
@@ -100,7 +100,7 @@ TEST(HelpFilesAbroad, FindsHelpInFoldersOfAnyNameAndLength) {
     testing::TestInstallation installation(true, dataFolder);
     installation.writeFile(dataFolder + L"\\Help\\KVT.chm", "ITSF");
     const std::wstring help = installation.dataFolder() + kSep + L"Help" + kSep + L"KVT.chm";
-    CSettingsStore settings;
+    SettingsStore settings;
     showHelp(settings, 0, false);
     EXPECT_TRUE(testing::headless().messages.empty());
     EXPECT_EQ(testing::headless().helpRequests, std::vector<std::wstring>{L"contents " + help});

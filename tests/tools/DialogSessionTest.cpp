@@ -5,7 +5,7 @@
 
 #include <set>
 
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/HelpFiles.h"
 #include "tests/tools/EmulatorSession.h"
 #ifndef _WIN32
@@ -18,7 +18,7 @@ namespace {
 
 // The message dialog's line for the missing help file of the session's installation.
 std::wstring missingHelpLine() {
-  CSettingsStore settings;
+  SettingsStore settings;
   return L"dialog [KVT Help]: Product help file '" + productHelpFile(settings) + L"[0]' was not found\n";
 }
 

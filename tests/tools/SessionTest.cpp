@@ -4,7 +4,7 @@
 
 #include "platform/File.h"
 #include "platform/Registry.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "settings/HelpFiles.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
@@ -98,7 +98,7 @@ TEST_F(EmulatorSession, GivesTheUserADataFolderAtFirstStart) {
   start();
   session->unload();
   std::wstring userData;
-  ASSERT_EQ(CSettingsStore().readString(kSettingUserDataPath, userData), 0);
+  ASSERT_EQ(SettingsStore().readString(kSettingUserDataPath, userData), 0);
   EXPECT_NE(userData.find(L"Halvorn Systems\\KVT 1"), std::wstring::npos);
 }
 
@@ -140,7 +140,7 @@ TEST(EmulatorLoad, KeepsTheUsersOwnDataFolder) {
       session.unload();
     }
     std::wstring stored;
-    ASSERT_EQ(CSettingsStore().readString(kSettingUserDataPath, stored), 0) << c.what;
+    ASSERT_EQ(SettingsStore().readString(kSettingUserDataPath, stored), 0) << c.what;
     if (c.starts) {
       EXPECT_EQ(stored, installation.folder() + c.folder) << c.what;
       std::FILE* probe = platform::openFile(stored + L"\\probe.txt", "wb");  // opens only in an existing folder
@@ -160,7 +160,7 @@ TEST_F(EmulatorSession, HelpFindsEveryRecordOfAnyMap) {
                              "\nAirportDialog,kv_airport,airport.htm,10120\n");
   installation.writeFile(L"Data\\Help\\KVT.chm", "ITSF");
   start();
-  CSettingsStore settings;
+  SettingsStore settings;
   const std::wstring help = productHelpFile(settings);
   EXPECT_EQ(run(L"(kvt1_help \"\u00e4rgerdlg\")\n(kvt1_help \"AIRPORTDIALOG\")\n"),
             L"help: topic 10130 of " + help + L"\n(0)\nhelp: topic 10120 of " + help + L"\n(0)\n");

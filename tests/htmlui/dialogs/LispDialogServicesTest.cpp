@@ -8,7 +8,7 @@
 
 #include "htmlui/dialogs/CKVTSplash.h"
 #include "settings/CHelpTopicMap.h"
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 #include "tests/htmlui/dialogs/ProductDialogTest.h"
 #ifndef _WIN32
 #include "platform/posix/HeadlessDesktop.h"

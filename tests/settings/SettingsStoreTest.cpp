@@ -1,4 +1,4 @@
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 
 #include <cstdio>
 
@@ -31,7 +31,7 @@ bool userKeyExists(const std::wstring& path) {
 
 TEST(SettingsStore, ReadsMachineValuesAndDerivesFolders) {
   testing::TestInstallation installation;
-  CSettingsStore settings;
+  SettingsStore settings;
   std::wstring text;
   EXPECT_EQ(settings.readString(kSettingProgramPath, text), 0);
   EXPECT_EQ(text, installation.programFolder());
@@ -51,7 +51,7 @@ TEST(SettingsStore, ReadsMachineValuesAndDerivesFolders) {
 
 TEST(SettingsStore, WithoutAnInstallationNothingCanBeReadOrWritten) {
   testing::TestInstallation notInstalled(false);
-  CSettingsStore settings;
+  SettingsStore settings;
   std::wstring text;
   EXPECT_EQ(settings.readString(kSettingProgramPath, text), -2);
   EXPECT_EQ(settings.readString(kSettingUserDataPath, text), -2);
@@ -61,7 +61,7 @@ TEST(SettingsStore, WithoutAnInstallationNothingCanBeReadOrWritten) {
 
 TEST(SettingsStore, WritesAreCachedAndReadsComeFromTheCache) {
   testing::TestInstallation installation;
-  CSettingsStore settings;
+  SettingsStore settings;
   EXPECT_EQ(settings.writeString(kSettingUserDefinedPath, L"C:\\Mine"), 0);
   std::wstring text;
   EXPECT_EQ(settings.readString(kSettingUserDefinedPath, text), 0);
@@ -71,7 +71,7 @@ TEST(SettingsStore, WritesAreCachedAndReadsComeFromTheCache) {
   setUserValue(productKeyPath(), L"UserDefinedPath", platform::kRegSz, L"C:\\Other");
   EXPECT_EQ(settings.readString(kSettingUserDefinedPath, text), 0);
   EXPECT_EQ(text, L"C:\\Mine");
-  CSettingsStore fresh;
+  SettingsStore fresh;
   EXPECT_EQ(fresh.readString(kSettingUserDefinedPath, text), 0);
   EXPECT_EQ(text, L"C:\\Other");
 
@@ -105,16 +105,18 @@ TEST(SettingsStore, ReadsPathsWholeAndOtherStringsWithinItsBuffer) {
   };
   for (const Case& c : cases) {
     setUserValue(productKeyPath(), c.name, c.type, c.stored);
-    CSettingsStore settings;
+    SettingsStore settings;
     std::wstring text;
     EXPECT_EQ(settings.readString(c.number, text), c.result) << platform::toUtf8(c.stored);
-    if (c.result == 0) EXPECT_EQ(text, c.read);
+    if (c.result == 0) {
+      EXPECT_EQ(text, c.read);
+    }
   }
 }
 
 TEST(SettingsStore, ReadsBinaryValuesWithTheirSize) {
   testing::TestInstallation installation;
-  CSettingsStore settings;
+  SettingsStore settings;
   settings.writeString(kSettingAllowAEMigr, L"1");
   RegistryKey key;
   ASSERT_EQ(RegistryKey::open(RegistryRoot::CurrentUser, productKeyPath(), RegistryAccess::Full, key),
@@ -144,7 +146,7 @@ TEST(SettingsStore, MovesAnOlderVersionsSettingsOnceWhenItsKeyIsCreated) {
   setUserValue(base + L"\\1.0\\CAD", L"DataPath", platform::kRegSz, L"C:\\From 1.0");
   setUserValue(base + L"\\10\\CAD", L"DataPath", platform::kRegSz, L"C:\\From 10");
 
-  CSettingsStore settings;
+  SettingsStore settings;
   std::wstring text;
   EXPECT_EQ(settings.readString(kSettingUserDataPath, text), 0);
   EXPECT_EQ(text, L"C:\\From 1.0");
@@ -154,7 +156,7 @@ TEST(SettingsStore, MovesAnOlderVersionsSettingsOnceWhenItsKeyIsCreated) {
 
   // Once this version's key exists, older keys stay where they are.
   setUserValue(base + L"\\1.05\\CAD", L"DataPath", platform::kRegSz, L"C:\\From 1.05");
-  CSettingsStore later;
+  SettingsStore later;
   EXPECT_EQ(later.readString(kSettingUserDataPath, text), 0);
   EXPECT_EQ(text, L"C:\\From 1.0");
   EXPECT_TRUE(userKeyExists(base + L"\\1.05"));
@@ -166,7 +168,7 @@ TEST(SettingsStore, AnUnreadableUserRegistryIsLeftAsItIs) {
   const std::string broken = "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\Software\r\n\"x\"=dword:zz\r\n";
   const std::wstring file = installation.writeFile(L"registry\\HKEY_CURRENT_USER.reg", broken);
 
-  CSettingsStore settings;
+  SettingsStore settings;
   std::wstring text;
   EXPECT_EQ(settings.readString(kSettingUserDataPath, text), -2);
   EXPECT_NE(settings.writeString(kSettingUserDataPath, L"C:\\Data"), 0);

@@ -1,4 +1,4 @@
-#include "settings/CSettingsStore.h"
+#include "settings/SettingsStore.h"
 
 #include <cwchar>
 #include <vector>
@@ -31,12 +31,12 @@ bool isOlderVersion(const std::wstring& name) {
 
 }  // namespace
 
-CSettingsStore& theSettings() {
-  static CSettingsStore settings;
+SettingsStore& theSettings() {
+  static SettingsStore settings;
   return settings;
 }
 
-void CSettingsStore::openKeys() {
+void SettingsStore::openKeys() {
   // Without the installation's machine key nothing is opened.
   if (!machine_.isOpen() &&
       RegistryKey::open(RegistryRoot::LocalMachine, productKeyPath(), RegistryAccess::Read, machine_) !=
@@ -52,7 +52,7 @@ void CSettingsStore::openKeys() {
   }
 }
 
-void CSettingsStore::migrateOlderVersion() {
+void SettingsStore::migrateOlderVersion() {
   RegistryKey product;
   if (RegistryKey::open(RegistryRoot::CurrentUser, productBaseKeyPath(), RegistryAccess::Full, product) !=
       platform::kRegSuccess) {
@@ -74,13 +74,13 @@ void CSettingsStore::migrateOlderVersion() {
   }
 }
 
-RegistryKey* CSettingsStore::keyFor(int number) { return number <= kLastMachineSetting ? &machine_ : &user_; }
+RegistryKey* SettingsStore::keyFor(int number) { return number <= kLastMachineSetting ? &machine_ : &user_; }
 
-std::map<int, std::wstring>& CSettingsStore::cacheFor(int number) {
+std::map<int, std::wstring>& SettingsStore::cacheFor(int number) {
   return number <= kLastMachineSetting ? machineCache_ : userCache_;
 }
 
-int CSettingsStore::readString(int number, std::wstring& text) {
+int SettingsStore::readString(int number, std::wstring& text) {
   auto& cache = cacheFor(number);
   if (const auto cached = cache.find(number); cached != cache.end()) {
     text = cached->second;
@@ -107,7 +107,7 @@ int CSettingsStore::readString(int number, std::wstring& text) {
   return 0;
 }
 
-int CSettingsStore::readBinary(int number, void* buffer, std::uint32_t& size) {
+int SettingsStore::readBinary(int number, void* buffer, std::uint32_t& size) {
   const wchar_t* name = settingValueName(number);
   openKeys();
   if (name == nullptr || !keyFor(number)->isOpen()) return -1;
@@ -128,7 +128,7 @@ int CSettingsStore::readBinary(int number, void* buffer, std::uint32_t& size) {
   return keyFor(number)->queryValue(name, type, buffer, size) == platform::kRegSuccess ? 0 : -1;
 }
 
-long CSettingsStore::writeString(int number, const std::wstring& text) {
+long SettingsStore::writeString(int number, const std::wstring& text) {
   const wchar_t* name = settingValueName(number);
   if (name == nullptr) return platform::kRegInvalidParameter;
   openKeys();
@@ -139,14 +139,14 @@ long CSettingsStore::writeString(int number, const std::wstring& text) {
   return result;
 }
 
-std::wstring CSettingsStore::readOrEmpty(int number) {
+std::wstring SettingsStore::readOrEmpty(int number) {
   std::wstring text;
   return readString(number, text) == 0 ? text : std::wstring();
 }
 
-std::wstring CSettingsStore::uiFolder() { return readOrEmpty(kSettingDataPath) + L"\\UI\\"; }
-std::wstring CSettingsStore::userFilesFolder() { return readOrEmpty(kSettingDataPath) + L"\\User Files"; }
-std::wstring CSettingsStore::helpFolder() { return platform::joinPath(readOrEmpty(kSettingDataPath), L"Help"); }
-std::wstring CSettingsStore::deploymentFolder() { return readOrEmpty(kSettingDeploymentPath); }
+std::wstring SettingsStore::uiFolder() { return readOrEmpty(kSettingDataPath) + L"\\UI\\"; }
+std::wstring SettingsStore::userFilesFolder() { return readOrEmpty(kSettingDataPath) + L"\\User Files"; }
+std::wstring SettingsStore::helpFolder() { return platform::joinPath(readOrEmpty(kSettingDataPath), L"Help"); }
+std::wstring SettingsStore::deploymentFolder() { return readOrEmpty(kSettingDeploymentPath); }
 
 }  // namespace kvt1

@@ -12,7 +12,7 @@
 
 namespace kvt1 {
 
-class CSettingsStore {
+class SettingsStore {
  public:
   // 0; -1 when the value exists but is not a plain string; -2 when it cannot
   // be read. Paths are read whatever their length, and expandable ones expanded;
@@ -44,6 +44,6 @@ class CSettingsStore {
 };
 
 // The module's settings, opened on first use and kept for its life.
-CSettingsStore& theSettings();
+SettingsStore& theSettings();
 
 }  // namespace kvt1
