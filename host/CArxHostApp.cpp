@@ -8,6 +8,7 @@
 #include "host/UserDataFolder.h"
 #include "online/ModuleUpdateCheck.h"
 #include "online/usage/dialog/ModuleUsageReporting.h"
+#include "platform/FilePath.h"
 #include "platform/ThisModule.h"
 #include "settings/SettingsStore.h"
 #include "settings/HelpFiles.h"
@@ -47,7 +48,7 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
   NTxtRes::SetApplicationTitle(kProductName);
 
   // A missing engine library is not an error here; the dialogs report it when they open.
-  m_htmlEngine = platform::DynamicLibrary::load(splitModulePath(modulePath).folder + L"\\htmlayout.dll");
+  m_htmlEngine = platform::DynamicLibrary::load(platform::joinPath(splitModulePath(modulePath).folder, L"htmlayout.dll"));
   m_htmlEngineSetup.start(m_htmlEngine);
 
   AcRxArxApp::On_kInitAppMsg(pkt);

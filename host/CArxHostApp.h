@@ -31,9 +31,6 @@ class CArxHostApp : public AcRxArxApp {
   // The command "KVT1": queues the LISP application's menu, once per load.
   void startMenu();
 
-  const ModuleLocation& moduleLocation() const { return m_location; }
-  bool menuStarted() const { return m_menuStarted; }
-
  private:
   // The image that the text store reads: the language module, else the module.
   void* languageResources() const;

@@ -17,7 +17,6 @@ namespace {
 // Every constructed dialog, in order of construction.
 std::mutex g_liveMutex;
 std::vector<CHTMDialog*> g_live;
-std::vector<unsigned short> g_livePageIds;
 
 const wchar_t kDialogProperty[] = L"FPHTMDialog";
 const wchar_t kWaitBoxId[] = L"ID#WaitBOX";
@@ -35,13 +34,11 @@ CHTMDialog::CHTMDialog(std::wstring resourceName, HWND parent)
     : m_parent(parent), m_resourceName(std::move(resourceName)) {
   std::lock_guard<std::mutex> lock(g_liveMutex);
   g_live.push_back(this);
-  g_livePageIds.push_back(0);
 }
 
 CHTMDialog::CHTMDialog(unsigned short resourceId, HWND parent) : m_parent(parent), m_resourceId(resourceId) {
   std::lock_guard<std::mutex> lock(g_liveMutex);
   g_live.push_back(this);
-  g_livePageIds.push_back(resourceId);
 }
 
 CHTMDialog::~CHTMDialog() {
@@ -51,18 +48,7 @@ CHTMDialog::~CHTMDialog() {
   ReleasePage();
   std::lock_guard<std::mutex> lock(g_liveMutex);
   const auto at = std::find(g_live.begin(), g_live.end(), this);
-  if (at != g_live.end()) {
-    g_livePageIds.erase(g_livePageIds.begin() + (at - g_live.begin()));
-    g_live.erase(at);
-  }
-}
-
-CHTMDialog* CHTMDialog::FindByPageId(unsigned short resourceId) {
-  std::lock_guard<std::mutex> lock(g_liveMutex);
-  for (std::size_t i = 0; i < g_live.size(); ++i) {
-    if (g_livePageIds[i] == resourceId && resourceId != 0) return g_live[i];
-  }
-  return nullptr;
+  if (at != g_live.end()) g_live.erase(at);
 }
 
 std::wstring CHTMDialog::ResolveTag(const std::wstring&) { return {}; }

@@ -45,7 +45,6 @@ class CHTMDialog : public htmlayout::event_handler,
   int GetResult() const { return m_result; }
   void SetResult(int result) { m_result = result; }
   const std::wstring& GetHtml() const { return m_html; }
-  const PageMarkers& Markers() const { return m_markers; }
   std::uint32_t Style() const { return m_style; }
   std::uint32_t ExStyle() const { return m_exStyle; }
   const CHTMElement& Root() const { return m_root; }
@@ -73,9 +72,6 @@ class CHTMDialog : public htmlayout::event_handler,
   CHTMTooltipCtrl& Tooltip() { return m_tooltip; }
   // The context menu, bound once it was first needed.
   CHTMMenuCtrl& ContextMenu() { return m_menu; }
-
-  // The first live dialog made from the numeric page id; null when none.
-  static CHTMDialog* FindByPageId(unsigned short resourceId);
 
   // Engine notifications: load requests are answered from the module's resources.
   LRESULT on_load_data(LPNMHL_LOAD_DATA request) override;

@@ -63,10 +63,6 @@ void CHTMElement::SetAttribute(const char* name, const std::wstring& value) cons
   if (html::HtmlEngine* engine = engineFor(m_element)) engine->SetAttributeByName(m_element, name, value.c_str());
 }
 
-void CHTMElement::RemoveAttribute(const char* name) const {
-  if (html::HtmlEngine* engine = engineFor(m_element)) engine->SetAttributeByName(m_element, name, nullptr);
-}
-
 std::wstring CHTMElement::GetStyle(const char* name) const {
   LPCWSTR value = nullptr;
   html::HtmlEngine* engine = engineFor(m_element);

@@ -27,7 +27,6 @@ class CHTMElement {
 
   std::wstring GetAttribute(const char* name) const;
   void SetAttribute(const char* name, const std::wstring& value) const;
-  void RemoveAttribute(const char* name) const;
   std::wstring GetStyle(const char* name) const;
   // Sets a style and updates the element, so the change shows at once.
   void SetStyle(const char* name, const std::wstring& value) const;

@@ -47,7 +47,6 @@ class CHTMMenuCtrl : public CHTMCtrl {
 
   CHTMMenuCtrl(std::wstring id, Kind kind);
 
-  Kind GetKind() const { return m_kind; }
   // The element the kind creates, for the control's id.
   std::wstring Markup() const;
   // Binds to the page's element with the control's id; when there is none,

@@ -63,12 +63,10 @@ class CHTMTextBoxCtrl : public CHTMCtrl {
   // The field's number. When a numeric field holds no number it is reset:
   // zero is written with its decimals ("0.00" with two) and 0 returned.
   double GetNumber();
-  bool IsNumeric() const { return m_numeric; }
   int Decimals() const { return m_decimals; }
 
   // The spin step (attribute "step"); 1 until set.
   void SetStep(int step);
-  int GetStep() const { return m_step; }
 
   // Limits: unset (nullopt) or a number. Which of them the popup shows: a
   // limit not shown leaves its place blank; an unset one shows "No Limit".

@@ -15,16 +15,16 @@ constexpr std::chrono::milliseconds kServeInterval(15);
 
 }  // namespace
 
-bool BackgroundUpdateFetch::Start(Fetch fetch, Deliver deliver) {
-  Stop();
-  m_calls = std::make_unique<kvt1::platform::MainThreadCalls>();
+bool BackgroundUpdateFetch::start(Fetch fetch, Deliver deliver) {
+  stop();
+  calls_ = std::make_unique<kvt1::platform::MainThreadCalls>();
   // Counted from now until the answer's call has run or was dropped.
   auto pending = std::make_shared<kvt1::platform::PendingWork>();
   // The worker starts from the host's message loop, once the host is done
   // with what it is doing (its start-up), so it never competes with that.
-  return m_calls->post([this, fetch = std::move(fetch), deliver = std::move(deliver), pending] {
+  return calls_->post([this, fetch = std::move(fetch), deliver = std::move(deliver), pending] {
     try {
-      m_worker = std::thread([calls = m_calls.get(), fetch, deliver, pending] {
+      worker_ = std::thread([calls = calls_.get(), fetch, deliver, pending] {
         try {
           const CHvAutomaticUpdateResult answer = fetch();
           calls->post([deliver, answer, pending] { deliver(answer); });
@@ -38,12 +38,12 @@ bool BackgroundUpdateFetch::Start(Fetch fetch, Deliver deliver) {
   });
 }
 
-void BackgroundUpdateFetch::Stop() {
-  if (m_worker.joinable()) m_worker.join();
-  m_calls.reset();
+void BackgroundUpdateFetch::stop() {
+  if (worker_.joinable()) worker_.join();
+  calls_.reset();
 }
 
-CHvAutomaticUpdateResult BackgroundUpdateFetch::FetchServingMessages(const Fetch& fetch) {
+CHvAutomaticUpdateResult BackgroundUpdateFetch::fetchServingMessages(const Fetch& fetch) {
   std::future<CHvAutomaticUpdateResult> answer;
   try {
     answer = std::async(std::launch::async, fetch);

@@ -18,27 +18,27 @@ class BackgroundUpdateFetch {
   using Deliver = std::function<void(const CHvAutomaticUpdateResult&)>;
 
   BackgroundUpdateFetch() = default;
-  ~BackgroundUpdateFetch() { Stop(); }
+  ~BackgroundUpdateFetch() { stop(); }
   BackgroundUpdateFetch(const BackgroundUpdateFetch&) = delete;
   BackgroundUpdateFetch& operator=(const BackgroundUpdateFetch&) = delete;
 
   // Main thread: once the host's message loop next dispatches, runs fetch on
   // a worker thread; deliver then gets its answer on the main thread, from
-  // that loop, unless Stop came first. A fetch still running is stopped
+  // that loop, unless stop came first. A fetch still running is stopped
   // first. False when the work cannot be handed to the loop.
-  bool Start(Fetch fetch, Deliver deliver);
+  bool start(Fetch fetch, Deliver deliver);
   // Main thread: waits for the worker (whoever calls this ends its requests
   // first when it must not wait) and drops an answer not yet delivered.
-  void Stop();
+  void stop();
 
   // fetch's answer, fetched on a worker thread while the calling (main)
   // thread serves its messages, so the host's windows keep being painted;
   // fetched on the calling thread when no thread can be started.
-  static CHvAutomaticUpdateResult FetchServingMessages(const Fetch& fetch);
+  static CHvAutomaticUpdateResult fetchServingMessages(const Fetch& fetch);
 
  private:
-  std::unique_ptr<kvt1::platform::MainThreadCalls> m_calls;
-  std::thread m_worker;
+  std::unique_ptr<kvt1::platform::MainThreadCalls> calls_;
+  std::thread worker_;
 };
 
 }  // namespace Hv::Http

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "companions/HalvornHttpClient.h"
+#include "platform/FilePath.h"
 
 namespace Hv::Http {
 
@@ -70,7 +71,7 @@ CHvHttpClientManager::~CHvHttpClientManager() {
 
 bool CHvHttpClientManager::Load(const std::wstring& directory) {
   clearEntryPoints();
-  m_library = kvt1::platform::DynamicLibrary::load(directory + L"\\" + kHttpClientLibraryName);
+  m_library = kvt1::platform::DynamicLibrary::load(kvt1::platform::joinPath(directory, kHttpClientLibraryName));
   if (!m_library.isLoaded()) return false;
   g_performGetA = entryPoint<PerformGetAFn>(m_library, "PerformGetA");
   g_performGetW = entryPoint<PerformGetWFn>(m_library, "PerformGetW");

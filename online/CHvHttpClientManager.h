@@ -27,7 +27,7 @@ class CHvHttpClientManager {
 
   virtual ~CHvHttpClientManager();
 
-  // Loads directory + "\" + the library name and looks up its exports.
+  // Loads the library of that name from directory and looks up its exports.
   // True only when both PerformGetA and PerformGetW were found.
   bool Load(const std::wstring& directory);
 

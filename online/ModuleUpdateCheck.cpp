@@ -46,9 +46,7 @@ void runCheck(const Hv::Http::UpdateCheckRequest& request, HWND parent, CHvCheck
 }  // namespace
 
 void loadUpdateServices(const std::wstring& moduleFolder) {
-  std::wstring folder = moduleFolder;
-  while (!folder.empty() && (folder.back() == L'\\' || folder.back() == L'/')) folder.pop_back();
-  Hv::Http::CHvHttpClientManager::Instance()->Load(folder);
+  Hv::Http::CHvHttpClientManager::Instance()->Load(moduleFolder);
   // Each initialisation reads the settings afresh from their defaults.
   Hv::Http::CHvAutomaticUpdateManager* updates = Hv::Http::CHvAutomaticUpdateManager::Instance();
   *updates = Hv::Http::CHvAutomaticUpdateManager();
@@ -67,7 +65,7 @@ void startModuleUpdateCheck(SettingsStore& settings, HWND parent, ModuleScope sc
   const CHvAutomaticUpdateManager* manager = CHvAutomaticUpdateManager::Instance();
   if (!manager->StartUpChecksAllowed()) return;
   const Hv::Http::UpdateCheckRequest request = moduleRequest(false, settings);
-  startUpFetch().Start(
+  startUpFetch().start(
       [manager, request] { return manager->CheckForUpdates(kProductNumber, request.version, request.language); },
       [request, parent, scope = std::move(scope)](const CHvAutomaticUpdateResult& answer) {
         scope([&] { runCheck(request, parent, [&answer](std::uint32_t, const std::wstring&, const std::wstring&) {
@@ -79,7 +77,7 @@ void startModuleUpdateCheck(SettingsStore& settings, HWND parent, ModuleScope sc
 void runModuleUpdateCheck(SettingsStore& settings, HWND parent) {
   runCheck(moduleRequest(true, settings), parent,
            [](std::uint32_t product, const std::wstring& version, const std::wstring& language) {
-             return BackgroundUpdateFetch::FetchServingMessages([&] {
+             return BackgroundUpdateFetch::fetchServingMessages([&] {
                return CHvAutomaticUpdateManager::Instance()->CheckForUpdates(product, version, language);
              });
            });
@@ -87,7 +85,7 @@ void runModuleUpdateCheck(SettingsStore& settings, HWND parent) {
 
 void stopNetworkTransfers() {
   Hv::Http::CHvHttpClientManager::Instance()->AbortTransfers();
-  startUpFetch().Stop();
+  startUpFetch().stop();
 }
 
 void releaseUpdateServices() { Hv::Http::CHvHttpClientManager::Release(); }

@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
-# Checks that every include runs down the layers, sets the machine up, then
-# builds and runs every test: Linux (debug, and AddressSanitizer with
+# Checks that every include runs down the layers, sets the machine up, checks
+# the layout of the sources (.clang-format), then builds (warnings fail the
+# build) and runs every test: Linux (debug, and AddressSanitizer with
 # UndefinedBehaviorSanitizer), bounded runs of the libFuzzer targets (clang),
 # the x86_64 Windows build under Wine and the i686 one where the kernel runs
 # 32-bit programs (else it is built only, and a line says why). The release
-# build (benchmarks, emulator) is built too, so that it keeps compiling. Then
-# the Windows installer packages are made and tested.
+# build (benchmarks, emulator) is built too, so that it keeps compiling.
+# .clang-tidy's lint runs over what the linux-debug build compiles. Then the
+# Windows installer packages are made and tested.
 # Ends with one line counting all tests.
 set -uo pipefail
 cd "$(dirname "$0")/.."
@@ -15,6 +17,9 @@ printf '== include layers\n'
 bash scripts/check-includes.sh || status=1
 
 bash scripts/setup.sh || exit 1
+
+printf '\n== formatting\n'
+bash scripts/check-format.sh || status=1
 
 logs=$(mktemp -d)
 trap 'rm -rf "$logs"' EXIT
@@ -40,6 +45,10 @@ for preset in "${tested[@]}"; do
   cmake --workflow --preset "$preset" 2>&1 | tee "$logs/$preset.log"
   [ "${PIPESTATUS[0]}" -eq 0 ] || status=1
 done
+
+# The lint reads the compile commands of the linux-debug build above.
+printf '\n== lint\n'
+bash scripts/check-tidy.sh build/linux-debug || status=1
 
 # What each fuzz target did: its runs and their time, from CTest's log.
 awk '/Testing: fuzz_/ { target = $3 } /^Done [0-9]+ runs/ && target { print "  " target ": " $0; target = "" }' \

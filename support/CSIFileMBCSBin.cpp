@@ -26,12 +26,12 @@ int CSIFileMBCSBin::WriteString(const char* text) { return ansiWrite(m_file, std
 
 int CSIFileMBCSBin::WriteStringZ(const wchar_t* text) {
   const int written = WriteString(text);
-  return written < 0 ? written : ansiWrite(m_file, std::string_view("", 1));
+  return written < 0 ? written : ansiWrite(m_file, std::string_view("\0", 1));
 }
 
 int CSIFileMBCSBin::WriteStringZ(const char* text) {
   const int written = WriteString(text);
-  return written < 0 ? written : ansiWrite(m_file, std::string_view("", 1));
+  return written < 0 ? written : ansiWrite(m_file, std::string_view("\0", 1));
 }
 
 }  // namespace kvt1

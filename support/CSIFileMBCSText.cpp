@@ -30,12 +30,12 @@ int CSIFileMBCSText::WriteString(const char* text) { return ansiWrite(m_file, st
 
 int CSIFileMBCSText::WriteStringZ(const wchar_t* text) {
   const int written = WriteString(text);
-  return written < 0 ? written : ansiWrite(m_file, std::string_view("", 1));
+  return written < 0 ? written : ansiWrite(m_file, std::string_view("\0", 1));
 }
 
 int CSIFileMBCSText::WriteStringZ(const char* text) {
   const int written = WriteString(text);
-  return written < 0 ? written : ansiWrite(m_file, std::string_view("", 1));
+  return written < 0 ? written : ansiWrite(m_file, std::string_view("\0", 1));
 }
 
 int CSIFileMBCSText::ReadLine(wchar_t* buffer, int count) { return ansiReadLine(m_file, buffer, count, LineEnd::CrLf); }

@@ -30,12 +30,12 @@ int CSIFileUnicodeBin::WriteString(const char* text) { return utf16Write(m_file,
 
 int CSIFileUnicodeBin::WriteStringZ(const wchar_t* text) {
   const int written = WriteString(text);
-  return written < 0 ? written : utf16Write(m_file, std::wstring_view(L"", 1));
+  return written < 0 ? written : utf16Write(m_file, std::wstring_view(L"\0", 1));
 }
 
 int CSIFileUnicodeBin::WriteStringZ(const char* text) {
   const int written = WriteString(text);
-  return written < 0 ? written : utf16Write(m_file, std::wstring_view(L"", 1));
+  return written < 0 ? written : utf16Write(m_file, std::wstring_view(L"\0", 1));
 }
 
 }  // namespace kvt1

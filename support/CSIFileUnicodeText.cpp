@@ -68,12 +68,12 @@ int CSIFileUnicodeText::WriteString(const char* text) { return utf16Write(m_file
 
 int CSIFileUnicodeText::WriteStringZ(const wchar_t* text) {
   const int written = WriteString(text);
-  return written < 0 ? written : utf16Write(m_file, std::wstring_view(L"", 1));
+  return written < 0 ? written : utf16Write(m_file, std::wstring_view(L"\0", 1));
 }
 
 int CSIFileUnicodeText::WriteStringZ(const char* text) {
   const int written = WriteString(text);
-  return written < 0 ? written : utf16Write(m_file, std::wstring_view(L"", 1));
+  return written < 0 ? written : utf16Write(m_file, std::wstring_view(L"\0", 1));
 }
 
 int CSIFileUnicodeText::ReadLine(wchar_t* buffer, int count) {

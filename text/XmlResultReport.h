@@ -24,7 +24,6 @@ class XmlResultReport {
   void add(std::wstring_view name, std::initializer_list<Attribute> attributes, std::wstring_view description);
 
   const std::wstring& text() const { return m_text; }
-  std::size_t entryCount() const { return m_entries; }
 
  private:
   std::wstring m_text;

@@ -192,16 +192,6 @@ TEST_F(CHTMDialogTest, AMissingPageOrEngineMakesNoWindow) {
   EXPECT_EQ(noEngine.DoModal(), -1);
 }
 
-TEST_F(CHTMDialogTest, LiveDialogsAreFoundByTheirPageId) {
-  EXPECT_EQ(CHTMDialog::FindByPageId(300), nullptr);
-  {
-    CHTMDialog first(300, nullptr);
-    CHTMDialog second(300, nullptr);
-    EXPECT_EQ(CHTMDialog::FindByPageId(300), &first);
-  }
-  EXPECT_EQ(CHTMDialog::FindByPageId(300), nullptr);
-}
-
 #ifndef _WIN32
 // The whole path down to a picture: the page laid out and drawn by litehtml.
 TEST_F(CHTMDialogTest, TheOpenDialogRendersToAPictureThatIsNotBlank) {

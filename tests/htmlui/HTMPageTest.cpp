@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace kvt1 {
 namespace {
+
+using namespace std::string_literals;
 
 std::wstring resolveKnown(const std::wstring& tag) {
   if (tag == L"name") return L"KVT";
@@ -13,7 +17,7 @@ std::wstring resolveKnown(const std::wstring& tag) {
 }
 
 TEST(HTMPage, CutsAfterTheFirstHtmlEndTag) {
-  EXPECT_EQ(cutAfterHtmlEnd(L"<html><body/></html>\0garbage</html>"), L"<html><body/></html>");
+  EXPECT_EQ(cutAfterHtmlEnd(L"<html><body/></html>\0garbage</html>"s), L"<html><body/></html>");
   EXPECT_EQ(cutAfterHtmlEnd(L"<html><body/></html>trailing"), L"<html><body/></html>");
   EXPECT_EQ(cutAfterHtmlEnd(L"<html><body>no end"), L"<html><body>no end");
 }

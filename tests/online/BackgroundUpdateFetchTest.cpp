@@ -65,7 +65,7 @@ TEST(BackgroundUpdateFetch, TheAnswerIsDeliveredOnTheMainThreadByItsMessageLoop)
   std::thread::id deliveredOn;
   std::wstring delivered;
   BackgroundUpdateFetch fetch;
-  ASSERT_TRUE(fetch.Start(
+  ASSERT_TRUE(fetch.start(
       [&] {
         fetchedOn = std::this_thread::get_id();
         return answerNamed(L"KVT 1.1 SP1");
@@ -77,7 +77,7 @@ TEST(BackgroundUpdateFetch, TheAnswerIsDeliveredOnTheMainThreadByItsMessageLoop)
   ASSERT_TRUE(serveUntil([&] { return !delivered.empty(); }));
   EXPECT_EQ(delivered, L"KVT 1.1 SP1");
   EXPECT_EQ(deliveredOn, mainThread);
-  fetch.Stop();
+  fetch.stop();
   EXPECT_NE(fetchedOn, mainThread);
 }
 
@@ -86,7 +86,7 @@ TEST(BackgroundUpdateFetch, AStoppedFetchDeliversNothing) {
   Signal released;
   bool delivered = false;
   BackgroundUpdateFetch fetch;
-  ASSERT_TRUE(fetch.Start(
+  ASSERT_TRUE(fetch.start(
       [&] {
         started.raise();
         released.waitFor(std::chrono::seconds(10));
@@ -95,7 +95,7 @@ TEST(BackgroundUpdateFetch, AStoppedFetchDeliversNothing) {
       [&](const CHvAutomaticUpdateResult&) { delivered = true; }));
   ASSERT_TRUE(serveUntil([&] { return started.raised(); }));
   released.raise();
-  fetch.Stop();  // the answer's call was queued as the worker ended
+  fetch.stop();  // the answer's call was queued as the worker ended
   platform::pumpPendingMessages();
   EXPECT_FALSE(delivered);
 }
@@ -103,14 +103,14 @@ TEST(BackgroundUpdateFetch, AStoppedFetchDeliversNothing) {
 TEST(BackgroundUpdateFetch, NothingIsFetchedBeforeTheMessageLoopRuns) {
   bool fetched = false;
   BackgroundUpdateFetch fetch;
-  ASSERT_TRUE(fetch.Start(
+  ASSERT_TRUE(fetch.start(
       [&] {
         fetched = true;
         return answerNamed(L"never");
       },
       [](const CHvAutomaticUpdateResult&) {}));
   std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  fetch.Stop();
+  fetch.stop();
   platform::pumpPendingMessages();
   EXPECT_FALSE(fetched);
 }
@@ -120,7 +120,7 @@ TEST(BackgroundUpdateFetch, NothingIsFetchedBeforeTheMessageLoopRuns) {
 TEST(BackgroundUpdateFetch, WaitingForAnAnswerTheMainThreadServesItsMessages) {
   platform::MainThreadCalls calls;
   Signal served;
-  const CHvAutomaticUpdateResult answer = BackgroundUpdateFetch::FetchServingMessages([&] {
+  const CHvAutomaticUpdateResult answer = BackgroundUpdateFetch::fetchServingMessages([&] {
     calls.post([&] { served.raise(); });
     return served.waitFor(std::chrono::seconds(10)) ? answerNamed(L"served") : answerNamed(L"not served");
   });

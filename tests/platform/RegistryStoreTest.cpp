@@ -103,7 +103,7 @@ TEST_F(RegistryStoreTest, SavesEveryChangeAsARegeditFile) {
   ASSERT_EQ(RegistryKey::open(RegistryRoot::CurrentUser, L"software\\HALVORN SYSTEMS\\kvt1\\1.1\\cad",
                               RegistryAccess::Read, reread),
             kRegSuccess);
-  EXPECT_EQ(queryWhole(reread, L"DataPath").data, regStringData(std::wstring(L"/home/user/KVT1", 16)));
+  EXPECT_EQ(queryWhole(reread, L"DataPath").data, regStringData(std::wstring(L"/home/user/KVT1\0", 16)));
   const QueriedValue stamp = queryWhole(reread, L"Stamp");
   EXPECT_EQ(stamp.type, 11u);
   EXPECT_EQ(stamp.data, std::vector<unsigned char>(qword, qword + sizeof qword));
@@ -136,7 +136,7 @@ TEST_F(RegistryStoreTest, MachineRootIsReadOnly) {
 
   RegistryKey machine;
   ASSERT_EQ(RegistryKey::open(RegistryRoot::LocalMachine, kProductKey, RegistryAccess::Read, machine), kRegSuccess);
-  EXPECT_EQ(queryWhole(machine, L"ProgramPath").data, regStringData(std::wstring(L"/opt/kvt1", 10)));
+  EXPECT_EQ(queryWhole(machine, L"ProgramPath").data, regStringData(std::wstring(L"/opt/kvt1\0", 10)));
 
   RegistryKey refused;
   EXPECT_EQ(RegistryKey::open(RegistryRoot::LocalMachine, kProductKey, RegistryAccess::Full, refused),
@@ -167,7 +167,7 @@ struct Damage {
 std::string goodFile() {
   RegSection a;
   a.path = L"HKEY_CURRENT_USER\\A";
-  a.values = {RegValue{L"Kept", kRegSz, regStringData(std::wstring(L"yes", 4))}};
+  a.values = {RegValue{L"Kept", kRegSz, regStringData(std::wstring(L"yes\0", 4))}};
   RegSection b;
   b.path = L"HKEY_CURRENT_USER\\B";
   b.values = {RegValue{L"Long", kRegBinary, std::vector<unsigned char>(300, 0xAB)}};
@@ -200,9 +200,9 @@ TEST_F(RegistryStoreTest, BrokenFilesAreReportedAndNeverOverwritten) {
     EXPECT_NE(report.find(damage.line), std::string::npos) << report;
 
     testing::internal::CaptureStderr();
-    EXPECT_EQ(queryWhole(a, L"Kept").data, regStringData(std::wstring(L"yes", 4))) << "keys before the damage read";
+    EXPECT_EQ(queryWhole(a, L"Kept").data, regStringData(std::wstring(L"yes\0", 4))) << "keys before the damage read";
     EXPECT_EQ(setString(a, L"Kept", L"no"), kRegAccessDenied);
-    EXPECT_EQ(queryWhole(a, L"Kept").data, regStringData(std::wstring(L"yes", 4)));
+    EXPECT_EQ(queryWhole(a, L"Kept").data, regStringData(std::wstring(L"yes\0", 4)));
     RegistryKey created;
     EXPECT_EQ(RegistryKey::create(RegistryRoot::CurrentUser, L"C", RegistryAccess::Full, created), kRegAccessDenied);
     EXPECT_EQ(a.deleteTree(L""), kRegAccessDenied);
@@ -272,7 +272,7 @@ TEST_F(RegistryStoreTest, ASaveThatFailsAtAnyStepLeavesThePreviousFile) {
     disarmSaveFaults();
     EXPECT_EQ(readBytes(userFile()), before);
     EXPECT_EQ(filesIn(folder_.path()), std::vector<std::string>{"HKEY_CURRENT_USER.reg"});
-    EXPECT_EQ(queryWhole(key, L"DataPath").data, regStringData(std::wstring(L"/data", 6)));
+    EXPECT_EQ(queryWhole(key, L"DataPath").data, regStringData(std::wstring(L"/data\0", 6)));
   }
   EXPECT_EQ(setString(key, L"DataPath", L"/elsewhere"), kRegSuccess);
 }
@@ -295,7 +295,7 @@ TEST_F(RegistryStoreTest, SeesTheSavesOfAnotherProcess) {
   ASSERT_EQ(::waitpid(child, &status, 0), child);
   ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
 
-  EXPECT_EQ(queryWhole(key, L"FromChild").data, regStringData(std::wstring(L"2", 2)));
+  EXPECT_EQ(queryWhole(key, L"FromChild").data, regStringData(std::wstring(L"2\0", 2)));
   ASSERT_EQ(setString(key, L"Later", L"3"), kRegSuccess);
   RegistryStore::instance().reset();
   for (const wchar_t* name : {L"FromParent", L"FromChild", L"Later"}) {

@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FileKind{"MBCSText", [] { return std::make_unique<CSIFileMBCSText>(); }, false, true},
                     FileKind{"UnicodeBin", [] { return std::make_unique<CSIFileUnicodeBin>(); }, true, false},
                     FileKind{"UnicodeText", [] { return std::make_unique<CSIFileUnicodeText>(); }, true, true}),
-    [](const testing::TestParamInfo<FileKind>& info) { return std::string(info.param.name); });
+    [](const testing::TestParamInfo<FileKind>& kind) { return std::string(kind.param.name); });
 
 }  // namespace
 }  // namespace kvt1
