@@ -19,8 +19,8 @@ struct LoadedModule {
   LoadedModule() {
     EmulatedHost::instance().reset();
     EmulatedHost::instance().setOutput([](const std::wstring&) {});
-    library = kvt1::platform::DynamicLibrary::load(
-        kvt1::splitModulePath(kvt1::platform::thisModulePath()).folder + KVT1_BENCH_MODULE_NAME);
+    library = kvt1::platform::DynamicLibrary::load(kvt1::splitModulePath(kvt1::platform::thisModulePath()).folder +
+                                                   KVT1_BENCH_MODULE_NAME);
     entry = reinterpret_cast<EntryPoint>(library.symbol("acrxEntryPoint"));
   }
   kvt1::platform::DynamicLibrary library;

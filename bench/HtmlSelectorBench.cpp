@@ -52,7 +52,9 @@ BENCHMARK(BM_SelectById)->Unit(benchmark::kMicrosecond);
 void BM_SelectChildrenByClass(benchmark::State& state) { selectOnce(state, "div.row > span.cell", 1000); }
 BENCHMARK(BM_SelectChildrenByClass)->Unit(benchmark::kMicrosecond);
 
-void BM_SelectStatesAndNegation(benchmark::State& state) { selectOnce(state, "input:not(:disabled), i[title^=t]", 2000); }
+void BM_SelectStatesAndNegation(benchmark::State& state) {
+  selectOnce(state, "input:not(:disabled), i[title^=t]", 2000);
+}
 BENCHMARK(BM_SelectStatesAndNegation)->Unit(benchmark::kMicrosecond);
 
 void BM_ParsePage100KB(benchmark::State& state) {

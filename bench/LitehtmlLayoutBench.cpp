@@ -38,8 +38,12 @@ std::string dialogPage() {
   PageWriter page;
   page.open("html").text("<head><style>#Rows td { padding: 2px 6px; } .Hint { color: #555555; }</style></head>");
   page.open("body", " title=\"Update\"").element("h2", "A new version of the application is available");
-  page.open("p").text("Version ").element("b", "1.1.0.1").text(" can be downloaded now. The update keeps your "
-                                                                 "settings and ");
+  page.open("p")
+      .text("Version ")
+      .element("b", "1.1.0.1")
+      .text(
+          " can be downloaded now. The update keeps your "
+          "settings and ");
   page.element("a", "release notes", " href=\"notes\"").text(" list every change.").close("p");
   page.open("table", " id=\"Rows\"");
   for (int row = 0; row < 6; ++row) {

@@ -148,7 +148,6 @@ void setMachineString(const kvt1::testing::TestInstallation& installation, const
                                    kvt1::platform::fromUtf8(value));
 }
 
-
 void moduleStart(benchmark::State& state, Service kind) {
   kvt1::testing::TestInstallation installation;
   kvt1::testing::setConsent(installation, 0);

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "settings/CHelpTopicMap.h"
-#include "settings/SettingsStore.h"
 #include "settings/SettingNumbers.h"
+#include "settings/SettingsStore.h"
 #include "tests/common/TestInstallation.h"
 
 namespace {

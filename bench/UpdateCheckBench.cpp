@@ -9,10 +9,10 @@
 #include "online/AutomaticUpdateCheck.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "online/CHvHttpClientManager.h"
-#include "tests/online/CSilentCheckForUpdateView.h"
 #include "platform/Registry.h"
 #include "settings/ProductKey.h"
 #include "tests/common/TestInstallation.h"
+#include "tests/online/CSilentCheckForUpdateView.h"
 #include "tests/online/OnlineTestSupport.h"
 #include "tools/kvt1-update-service/UpdateService.h"
 

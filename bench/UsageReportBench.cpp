@@ -16,8 +16,8 @@ Hv::CHvUsageReport reportWith(int toolUses) {
   Hv::CHvUsageReport report;
   report.SetGuid(L"{0F8FAD5B-D9CB-469F-A165-70867728950E}");
   for (int day = 0; day < 200; ++day) report.AddLogin(L"AutoCAD 2018::x86::170393861", 1500000000u + day * 86400u);
-  const wchar_t* tools[] = {L"Surfaces::ICAO", L"Surfaces::FAA", L"Building::Import", L"Heightfield::Open",
-                            L"Heightfield::Filter", L"Settings"};
+  const wchar_t* tools[] = {L"Surfaces::ICAO",    L"Surfaces::FAA",       L"Building::Import",
+                            L"Heightfield::Open", L"Heightfield::Filter", L"Settings"};
   std::mt19937 random(7);
   std::uint32_t time = 1500000000u;
   for (int i = 0; i < toolUses; ++i) {
@@ -31,7 +31,8 @@ Hv::CHvUsageReport reportWith(int toolUses) {
 }
 
 std::wstring benchFolder() {
-  const auto folder = std::filesystem::temp_directory_path() / ("kvt1-usage-bench-" + std::to_string(std::random_device()()));
+  const auto folder =
+      std::filesystem::temp_directory_path() / ("kvt1-usage-bench-" + std::to_string(std::random_device()()));
   std::filesystem::create_directories(folder);
   return folder.wstring();
 }

@@ -23,11 +23,15 @@ std::string makeDocument(std::size_t targetBytes) {
     const std::string n = std::to_string(i);
     text += "  <!-- group " + n + " -->\n";
     text += "  <Key" + n + ">Plain text number " + n + " with an &amp; and a &lt;tag&gt; in it</Key" + n + ">\n";
-    text += "  <Msg" + n + ">\n    <InfoText>Do you want to save the changes to %1 before closing?</InfoText>\n"
+    text += "  <Msg" + n +
+            ">\n    <InfoText>Do you want to save the changes to %1 before closing?</InfoText>\n"
             "    <CaptionText>Aerodrome surfaces</CaptionText>\n    <ok>__OK</ok>\n    <cancel>__Cancel</cancel>\n"
-            "  </Msg" + n + ">\n";
-    text += "  <List" + n + "><Index_0>first</Index_0><Index_1>second</Index_1><Index_2><![CDATA[<raw> & text]]>"
-            "</Index_2></List" + n + ">\n";
+            "  </Msg" +
+            n + ">\n";
+    text += "  <List" + n +
+            "><Index_0>first</Index_0><Index_1>second</Index_1><Index_2><![CDATA[<raw> & text]]>"
+            "</Index_2></List" +
+            n + ">\n";
     text += "  <Error><E code=\"" + n + "\" kind='fatal'>The surface " + n + " could not be computed.</E></Error>\n";
   }
   text += "</Texts>\n";

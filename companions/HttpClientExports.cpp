@@ -125,13 +125,13 @@ HVHTTP_API int HVHTTP_CALL PerformPostJsonW(const wchar_t* url, const wchar_t* c
 
 HVHTTP_API void HVHTTP_CALL FreeStringA(char** response) {
   if (!response) return;
-  delete[] *response;
+  delete[] * response;
   *response = nullptr;
 }
 
 HVHTTP_API void HVHTTP_CALL FreeStringW(wchar_t** response) {
   if (!response) return;
-  delete[] *response;
+  delete[] * response;
   *response = nullptr;
 }
 

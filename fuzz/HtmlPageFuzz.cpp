@@ -11,8 +11,8 @@
 #include "htmlui/engine/CssSelector.h"
 #include "htmlui/engine/DomTree.h"
 #include "htmlui/engine/HtmlParser.h"
-#include "platform/TextDecoding.h"
 #include "platform/CodePage.h"
+#include "platform/TextDecoding.h"
 
 namespace {
 
@@ -30,11 +30,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string_view input(reinterpret_cast<const char*>(data), size);
   const std::size_t split = input.find("\n//");
   std::wstring page = kvt1::platform::decodeText(input.substr(0, split), kvt1::platform::kCodePageUtf8);
-  const std::wstring selectorText = split == std::string_view::npos
-                                        ? std::wstring(L"div > b, [status=\"checked\"], :root *")
-                                        : kvt1::platform::decodeText(input.substr(split + 3), kvt1::platform::kCodePageUtf8);
+  const std::wstring selectorText =
+      split == std::string_view::npos
+          ? std::wstring(L"div > b, [status=\"checked\"], :root *")
+          : kvt1::platform::decodeText(input.substr(split + 3), kvt1::platform::kCodePageUtf8);
 
-  kvt1::substitutePageTags(page, [](const std::wstring& tag) { return tag.size() % 3 == 0 ? L"<[" + tag + L"]>" : tag; });
+  kvt1::substitutePageTags(page,
+                           [](const std::wstring& tag) { return tag.size() % 3 == 0 ? L"<[" + tag + L"]>" : tag; });
   page = kvt1::cutAfterHtmlEnd(std::move(page));
 
   kvt1::html::DomTree tree;

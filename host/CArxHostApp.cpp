@@ -2,17 +2,17 @@
 
 #include "host/LanguageModule.h"
 #include "host/LispFunctions.h"
-#include "host/identity/ProductIdentity.h"
 #include "host/ResourceScope.h"
 #include "host/SupportPath.h"
 #include "host/UserDataFolder.h"
+#include "host/identity/ProductIdentity.h"
 #include "online/ModuleUpdateCheck.h"
 #include "online/usage/dialog/ModuleUsageReporting.h"
 #include "platform/FilePath.h"
 #include "platform/ThisModule.h"
-#include "settings/SettingsStore.h"
 #include "settings/HelpFiles.h"
 #include "settings/SettingNumbers.h"
+#include "settings/SettingsStore.h"
 #include "text/MessageDescription.h"
 #include "text/TextResources.h"
 
@@ -48,7 +48,8 @@ AcRx::AppRetCode CArxHostApp::On_kInitAppMsg(void* pkt) {
   NTxtRes::SetApplicationTitle(kProductName);
 
   // A missing engine library is not an error here; the dialogs report it when they open.
-  m_htmlEngine = platform::DynamicLibrary::load(platform::joinPath(splitModulePath(modulePath).folder, L"htmlayout.dll"));
+  m_htmlEngine =
+      platform::DynamicLibrary::load(platform::joinPath(splitModulePath(modulePath).folder, L"htmlayout.dll"));
   m_htmlEngineSetup.start(m_htmlEngine);
 
   AcRxArxApp::On_kInitAppMsg(pkt);

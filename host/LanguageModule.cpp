@@ -1,7 +1,7 @@
 #include "host/LanguageModule.h"
 
-#include "settings/SettingsStore.h"
 #include "settings/SettingNumbers.h"
+#include "settings/SettingsStore.h"
 
 namespace kvt1 {
 namespace {

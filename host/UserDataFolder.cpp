@@ -3,8 +3,8 @@
 #include "host/identity/ProductIdentity.h"
 #include "platform/File.h"
 #include "platform/KnownFolders.h"
-#include "settings/SettingsStore.h"
 #include "settings/SettingNumbers.h"
+#include "settings/SettingsStore.h"
 
 namespace kvt1 {
 

@@ -8,8 +8,8 @@ CHTMCheckBoxCtrl::CHTMCheckBoxCtrl(std::wstring id) : CHTMCtrl(std::move(id)) {}
 
 bool CHTMCheckBoxCtrl::CreateInPlace(CHTMDialog& page, int left, int top, int width, int height) {
   return CreateControlInPlace(*this, page,
-                              L"<div id='" + Id() + L"' ><input type='checkbox'/><label>&nbsp;</label></div>",
-                              left, top, width, height);
+                              L"<div id='" + Id() + L"' ><input type='checkbox'/><label>&nbsp;</label></div>", left,
+                              top, width, height);
 }
 
 void CHTMCheckBoxCtrl::attached(HELEMENT he) {

@@ -104,7 +104,9 @@ void CHTMCtrl::Enable(bool enable) {
   }
 }
 
-bool CHTMCtrl::IsEnabled() const { return m_element.IsValid() ? (m_element.GetState() & STATE_DISABLED) == 0 : m_enabled; }
+bool CHTMCtrl::IsEnabled() const {
+  return m_element.IsValid() ? (m_element.GetState() & STATE_DISABLED) == 0 : m_enabled;
+}
 
 void CHTMCtrl::SetFocus() { m_element.SetState(STATE_FOCUS, 0); }
 

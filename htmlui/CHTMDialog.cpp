@@ -66,8 +66,8 @@ CHTMElement CHTMDialog::ElementById(const std::wstring& id) const {
 
 bool CHTMDialog::PreparePage() {
   m_moduleInstance = platform::thisModuleHandle();
-  const platform::ResourceId name = m_resourceName.empty() ? platform::ResourceId(m_resourceId)
-                                                            : platform::ResourceId(m_resourceName);
+  const platform::ResourceId name =
+      m_resourceName.empty() ? platform::ResourceId(m_resourceId) : platform::ResourceId(m_resourceName);
   std::optional<std::wstring> page = loadPageResource(m_moduleInstance, name);
   if (!page) return false;
   m_html = cutAfterHtmlEnd(std::move(*page));
@@ -195,8 +195,8 @@ void CHTMDialog::PlaceWindow() {
   }
   // Without a position the dialog is centred on its visible owner, else on the desktop.
   const HWND owner = platform::parentWindow(m_hwnd);
-  const platform::WindowRect around = owner && platform::isWindowVisible(owner) ? platform::windowRect(owner)
-                                                                                 : platform::desktopRect();
+  const platform::WindowRect around =
+      owner && platform::isWindowVisible(owner) ? platform::windowRect(owner) : platform::desktopRect();
   const int left = hasX ? x : around.left + (around.width() - outerWidth) / 2;
   const int top = hasY ? y : around.top + (around.height() - outerHeight) / 2;
   const platform::WindowRect placed =
@@ -208,8 +208,8 @@ void CHTMDialog::FocusOnHover() {
   if (!m_focusOnHover || !platform::isWindowEnabled(m_hwnd)) return;
   const platform::WindowPoint cursor = platform::cursorPos();
   const HWND focus = platform::focusWindow();
-  if (platform::windowRect(m_hwnd).contains(cursor.x, cursor.y) && platform::windowFromPoint(cursor) == m_hwnd && focus != m_hwnd &&
-      !platform::isChildWindow(m_hwnd, focus)) {
+  if (platform::windowRect(m_hwnd).contains(cursor.x, cursor.y) && platform::windowFromPoint(cursor) == m_hwnd &&
+      focus != m_hwnd && !platform::isChildWindow(m_hwnd, focus)) {
     platform::setFocusWindow(m_hwnd);
   }
 }

@@ -55,7 +55,8 @@ void CHTMElement::Release() {
 std::wstring CHTMElement::GetAttribute(const char* name) const {
   LPCWSTR value = nullptr;
   html::HtmlEngine* engine = engineFor(m_element);
-  if (engine == nullptr || engine->GetAttributeByName(m_element, name, &value) != HLDOM_OK || value == nullptr) return {};
+  if (engine == nullptr || engine->GetAttributeByName(m_element, name, &value) != HLDOM_OK || value == nullptr)
+    return {};
   return value;
 }
 
@@ -66,7 +67,8 @@ void CHTMElement::SetAttribute(const char* name, const std::wstring& value) cons
 std::wstring CHTMElement::GetStyle(const char* name) const {
   LPCWSTR value = nullptr;
   html::HtmlEngine* engine = engineFor(m_element);
-  if (engine == nullptr || engine->GetStyleAttribute(m_element, name, &value) != HLDOM_OK || value == nullptr) return {};
+  if (engine == nullptr || engine->GetStyleAttribute(m_element, name, &value) != HLDOM_OK || value == nullptr)
+    return {};
   return value;
 }
 

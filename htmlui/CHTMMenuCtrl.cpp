@@ -28,9 +28,12 @@ CHTMMenuCtrl::CHTMMenuCtrl(std::wstring id, Kind kind) : CHTMCtrl(std::move(id))
 
 std::wstring CHTMMenuCtrl::Markup() const {
   switch (m_kind) {
-    case Kind::Button: return L"<Button type='menu' id='" + Id() + L"' ></Button>";
-    case Kind::Context: return L"<menu.context id='" + Id() + L"' ></menu>";
-    case Kind::Bar: return L"<widget id='" + Id() + L"' class='menu-bar'></widget>";
+    case Kind::Button:
+      return L"<Button type='menu' id='" + Id() + L"' ></Button>";
+    case Kind::Context:
+      return L"<menu.context id='" + Id() + L"' ></menu>";
+    case Kind::Bar:
+      return L"<widget id='" + Id() + L"' class='menu-bar'></widget>";
   }
   return {};
 }
@@ -146,7 +149,8 @@ bool CHTMMenuCtrl::DropDown() {
 bool CHTMMenuCtrl::ShowAt(POINT point) {
   html::HtmlEngine* engine = GetHtmlEngine();
   const CHTMElement popup = PopupElement();
-  return engine != nullptr && popup.IsValid() && engine->ShowPopupAt(popup.Handle(), point, kTopLeftAtPoint) == HLDOM_OK;
+  return engine != nullptr && popup.IsValid() &&
+         engine->ShowPopupAt(popup.Handle(), point, kTopLeftAtPoint) == HLDOM_OK;
 }
 
 void CHTMMenuCtrl::HidePopup() {

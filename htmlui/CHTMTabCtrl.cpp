@@ -55,7 +55,8 @@ void CHTMTabCtrl::attached(HELEMENT he) {
 }
 
 void CHTMTabCtrl::detached(HELEMENT he) {
-  if (html::HtmlEngine* engine = GetHtmlEngine()) engine->DetachEventHandler(he, &element_proc, &htmlayout::tabs::instance());
+  if (html::HtmlEngine* engine = GetHtmlEngine())
+    engine->DetachEventHandler(he, &element_proc, &htmlayout::tabs::instance());
   m_strip.Release();
   m_panels.Release();
   m_scrollButtons.Release();
@@ -97,8 +98,8 @@ bool CHTMTabCtrl::RemoveTab(int index) {
   if (index < m_firstShown) --m_firstShown;
   Redraw();
   if (wasCurrent && headers.size() > 1) {
-    const CHTMElement& successor = static_cast<std::size_t>(index) + 1 < headers.size() ? headers[index + 1]
-                                                                                        : headers[index - 1];
+    const CHTMElement& successor =
+        static_cast<std::size_t>(index) + 1 < headers.size() ? headers[index + 1] : headers[index - 1];
     htmlayout::tabs::select(Element().Handle(), successor.Handle(), SYNTHESIZED);
   }
   UpdateScrollButtons();

@@ -47,7 +47,7 @@
 namespace kvt1 {
 
 struct SHTMTabCtrlEventArgs : SHTMCtrlEventArgs {
-  int index = -1;  // the new current tab
+  int index = -1;             // the new current tab
   UINT reason = SYNTHESIZED;  // BY_MOUSE_CLICK, BY_KEY_CLICK, or SYNTHESIZED for a call
 };
 
@@ -126,7 +126,7 @@ class CHTMTabCtrl : public CHTMCtrl {
 
   bool m_panelsHidden = false;
   int m_firstShown = 0;  // the first header in view
-  int m_reserve = 0;  // the strip's "margin-right" while the scroll buttons show
+  int m_reserve = 0;     // the strip's "margin-right" while the scroll buttons show
   CHTMElement m_strip;
   CHTMElement m_panels;
   CHTMElement m_scrollButtons;

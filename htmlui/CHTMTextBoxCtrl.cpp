@@ -112,8 +112,8 @@ void CHTMTextBoxCtrl::attached(HELEMENT) {
 }
 
 void CHTMTextBoxCtrl::WriteFormat() {
-  Element().SetAttribute("format", L"fdigits:" + std::to_wstring(m_decimals) +
-                                       L";leading-zero:true;thousand-sep:'';grouping-sep:'';");
+  Element().SetAttribute(
+      "format", L"fdigits:" + std::to_wstring(m_decimals) + L";leading-zero:true;thousand-sep:'';grouping-sep:'';");
 }
 
 void CHTMTextBoxCtrl::SetNumber(double value, int decimals) {

@@ -35,10 +35,10 @@ namespace kvt1 {
 
 // A committed change of a text box.
 struct SHTMTextBoxCtrlEventArgs : SHTMCtrlEventArgs {
-  std::wstring text;     // the field's text after the commit
-  double number = 0;     // its value, for a numeric field
-  bool clamped = false;  // the value lay beyond a limit and was set to it
-  bool rejected = false; // the text was no number; the last good value came back
+  std::wstring text;      // the field's text after the commit
+  double number = 0;      // its value, for a numeric field
+  bool clamped = false;   // the value lay beyond a limit and was set to it
+  bool rejected = false;  // the text was no number; the last good value came back
 };
 
 class CHTMTextBoxCtrl : public CHTMCtrl {

@@ -13,9 +13,7 @@ constexpr UINT kPlaceBelow = 2;
 
 CHTMTooltipCtrl::CHTMTooltipCtrl(std::wstring id) : CHTMCtrl(std::move(id)) {}
 
-std::wstring CHTMTooltipCtrl::ContentHtml() const {
-  return m_title + L"<div .details>" + m_details + L"</div>";
-}
+std::wstring CHTMTooltipCtrl::ContentHtml() const { return m_title + L"<div .details>" + m_details + L"</div>"; }
 
 bool CHTMTooltipCtrl::Create(CHTMDialog& page) {
   html::HtmlEngine* engine = GetHtmlEngine();

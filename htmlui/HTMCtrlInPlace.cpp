@@ -17,8 +17,8 @@ bool setPixels(html::HtmlEngine& engine, HELEMENT element, const char* style, in
 
 }  // namespace
 
-bool CreateControlInPlace(CHTMCtrl& control, CHTMDialog& page, const std::wstring& markup, int left, int top,
-                          int width, int height) {
+bool CreateControlInPlace(CHTMCtrl& control, CHTMDialog& page, const std::wstring& markup, int left, int top, int width,
+                          int height) {
   html::HtmlEngine* engine = GetHtmlEngine();
   const CHTMElement& body = page.Body();
   if (engine == nullptr || !body.IsValid()) return false;
@@ -32,8 +32,8 @@ bool CreateControlInPlace(CHTMCtrl& control, CHTMDialog& page, const std::wstrin
   const HELEMENT element = control.Element().Handle();
   const bool done = engine->SetStyleAttribute(element, "position", L"absolute") == HLDOM_OK &&
                     setPixels(*engine, element, "left", left) && setPixels(*engine, element, "top", top) &&
-                    width >= 0 && setPixels(*engine, element, "width", width) &&
-                    height >= 0 && setPixels(*engine, element, "height", height);
+                    width >= 0 && setPixels(*engine, element, "width", width) && height >= 0 &&
+                    setPixels(*engine, element, "height", height);
   control.Element().Update(true);
   return done;
 }

@@ -13,7 +13,7 @@ class CHTMDialog;
 // dialog, then sets style "position" "absolute", "left", "top", "width" and
 // "height" in pixels. A negative size cannot be set. True only when every
 // step succeeded; the markup stays in the page whatever comes after it.
-bool CreateControlInPlace(CHTMCtrl& control, CHTMDialog& page, const std::wstring& markup, int left, int top,
-                          int width, int height);
+bool CreateControlInPlace(CHTMCtrl& control, CHTMDialog& page, const std::wstring& markup, int left, int top, int width,
+                          int height);
 
 }  // namespace kvt1

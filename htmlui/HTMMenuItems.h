@@ -17,14 +17,14 @@ struct SHTMMenuItem {
   bool separator = false;  // a dividing line: text, icon and flags are not shown
   bool checked = false;
   bool disabled = false;
-  int type = kMenuItemOrdinary;  // or kMenuItemColor
-  std::wstring text;   // written through TextToHtml: markup in it passes unescaped
-  std::wstring icon;   // resource URL of the image shown before the text
-  std::wstring color;  // a CSS colour, for colour items
+  int type = kMenuItemOrdinary;      // or kMenuItemColor
+  std::wstring text;                 // written through TextToHtml: markup in it passes unescaped
+  std::wstring icon;                 // resource URL of the image shown before the text
+  std::wstring color;                // a CSS colour, for colour items
   SHTMMenuItem* children = nullptr;  // the first item of its sub-menu
   SHTMMenuItem* next = nullptr;      // the following item on its level
-  std::uint64_t number = 0;  // "FPID": never given twice in the process
-  unsigned command = 0;      // the owner's own number for the item
+  std::uint64_t number = 0;          // "FPID": never given twice in the process
+  unsigned command = 0;              // the owner's own number for the item
 };
 
 // "%I64u" of the number, and the selector "[FPID='%I64u']" that finds its element.

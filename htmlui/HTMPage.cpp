@@ -22,7 +22,7 @@ std::optional<std::wstring> loadPageResource(void* image, const platform::Resour
   auto data = platform::findResource(image, platform::kResourceTypeHtml, name);
   if (!data) return std::nullopt;
   return platform::decodeText(std::string_view(reinterpret_cast<const char*>(data->bytes), data->size),
-                             platform::kCodePageUtf8);
+                              platform::kCodePageUtf8);
 }
 
 std::wstring cutAfterHtmlEnd(std::wstring page) {
@@ -77,8 +77,8 @@ WindowStyles dialogWindowStyles(const PageMarkers& markers, std::uint32_t baseSt
 }
 
 std::optional<int> standardButtonResult(const std::wstring& name) {
-  static const wchar_t* const kNames[] = {L"OK", L"CANCEL", L"ABORT ", L"RETRY ", L"IGNORE",
-                                          L"YES", L"NO", L"CLOSE", L"HELP"};
+  static const wchar_t* const kNames[] = {L"OK",  L"CANCEL", L"ABORT ", L"RETRY ", L"IGNORE",
+                                          L"YES", L"NO",     L"CLOSE",  L"HELP"};
   for (int i = 0; i < 9; ++i) {
     if (name == kNames[i]) return i + 1;
   }

@@ -55,11 +55,22 @@ CHTMElement headerForKey(const std::vector<CHTMElement>& headers, const CHTMElem
   int from = 0;
   int step = 1;
   switch (key) {
-    case VK_HOME: from = 0; break;
-    case VK_END: from = count - 1; step = -1; break;
-    case VK_RIGHT: from = at + 1; break;
-    case VK_LEFT: from = at < 0 ? count - 1 : at - 1; step = -1; break;
-    default: return {};
+    case VK_HOME:
+      from = 0;
+      break;
+    case VK_END:
+      from = count - 1;
+      step = -1;
+      break;
+    case VK_RIGHT:
+      from = at + 1;
+      break;
+    case VK_LEFT:
+      from = at < 0 ? count - 1 : at - 1;
+      step = -1;
+      break;
+    default:
+      return {};
   }
   for (int i = from; i >= 0 && i < count; i += step)
     if (available(headers[i])) return headers[i];
@@ -125,8 +136,7 @@ BOOL tabs::handle_key(HELEMENT he, KEY_PARAMS& params) {
   if (params.key_code != VK_LEFT && params.key_code != VK_RIGHT && params.key_code != VK_HOME &&
       params.key_code != VK_END)
     return FALSE;
-  const CHTMElement next =
-      headerForKey(headersOf(he), CHTMElement(he).SelectFirst(kCurrentHeader), params.key_code);
+  const CHTMElement next = headerForKey(headersOf(he), CHTMElement(he).SelectFirst(kCurrentHeader), params.key_code);
   if (next.IsValid()) select(he, next.Handle(), BY_KEY_CLICK);
   return TRUE;
 }

@@ -2,8 +2,8 @@
 // dialog's tooltip popup that shows it.
 #include <algorithm>
 #include <climits>
-#include <tuple>
 #include <cwchar>
+#include <tuple>
 
 #include "htmlui/CHTMCtrl.h"
 #include "htmlui/CHTMDialog.h"

@@ -13,8 +13,7 @@ bool RunAutomaticUpdateCheck(CHvCheckForUpdatePresenter& presenter, const Update
   if (guard.MustSkip()) return false;
   const CHvUpdateCheckGuard::Running running(guard);
 
-  bool shown = presenter.Run(kvt1::kProductNumber, request.version, request.language, request.mapFlag,
-                             request.manual);
+  bool shown = presenter.Run(kvt1::kProductNumber, request.version, request.language, request.mapFlag, request.manual);
   if (!shown && request.secondProduct != 0) {
     shown = presenter.Run(request.secondProduct, request.version, request.language, request.mapFlag, request.manual);
   }

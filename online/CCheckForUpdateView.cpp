@@ -11,7 +11,8 @@ bool CCheckForUpdateView::Create() {
   m_dialog.reset();
   // Without the engine or the page nothing can show: the check ends as if nothing were found.
   if (m_presenter == nullptr || GetHtmlEngine() == nullptr) return false;
-  if (!platform::findResource(platform::thisModuleHandle(), platform::kResourceTypeHtml, kCheckForUpdatePage)) return false;
+  if (!platform::findResource(platform::thisModuleHandle(), platform::kResourceTypeHtml, kCheckForUpdatePage))
+    return false;
   m_dialog = std::make_unique<CHTMCheckForUpdateDlg>(*m_presenter, m_parent);
   return true;
 }

@@ -29,8 +29,8 @@ std::wstring withoutControls(const std::wstring& name) {
 
 CHTMCheckForUpdateDlg::CHTMCheckForUpdateDlg(Hv::Http::CHvCheckForUpdatePresenter& presenter, HWND parent)
     : CHTMDialog(kCheckForUpdatePage, parent), m_presenter(presenter) {
-  for (CHTMCtrl* control : std::initializer_list<CHTMCtrl*>{&m_chkAutoCheck, &m_btnDismiss, &m_btnClose,
-                                                           &m_btnViewUpdate, &m_btnViewUpgrade, &m_btnViewLibraryUpdate})
+  for (CHTMCtrl* control : std::initializer_list<CHTMCtrl*>{
+           &m_chkAutoCheck, &m_btnDismiss, &m_btnClose, &m_btnViewUpdate, &m_btnViewUpgrade, &m_btnViewLibraryUpdate})
     RegisterControl(*control);
 }
 
@@ -67,8 +67,8 @@ void CHTMCheckForUpdateDlg::OnInitDialog() {
   if (upgradeShown && m_mapFlag) ElementById(L"divUpgradeText").SetText(L"A free upgrade is available:");
   ShowRow(L"divLibraryUpdateRow", L"divLibraryUpdateName", libraryUpdateShown, m_libraryUpdateName);
 
-  const platform::WindowRect frame = platform::adjustWindowRectForStyle(
-      platform::WindowRect{0, 0, kUpdateDialogWidth, m_height}, Style(), ExStyle());
+  const platform::WindowRect frame =
+      platform::adjustWindowRectForStyle(platform::WindowRect{0, 0, kUpdateDialogWidth, m_height}, Style(), ExStyle());
   const platform::WindowRect placed = platform::windowRect(GetHwnd());
   platform::moveWindow(GetHwnd(), placed.left, placed.top, frame.width(), frame.height());
 }
@@ -103,8 +103,8 @@ void CHTMCheckForUpdateDlg::OnControlEvent(SHTMCtrlEventArgs& args) {
 }
 
 void CHTMCheckForUpdateDlg::Dismiss() {
-  NTxtRes::CMessageDescription question = NTxtRes::BuildMessage(L"MsgDismissUpdates", platform::kMbIconQuestion, 0,
-                                                                false, false, false, true, true);
+  NTxtRes::CMessageDescription question =
+      NTxtRes::BuildMessage(L"MsgDismissUpdates", platform::kMbIconQuestion, 0, false, false, false, true, true);
   if (NTxtRes::ShowMessage(question) != kAnswerYes) return;
   m_presenter.DismissUpdates();
   platform::postMessage(GetHwnd(), WM_CLOSE, 0, 0);

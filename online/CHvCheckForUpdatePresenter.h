@@ -32,8 +32,7 @@ class CHvCheckForUpdatePresenter {
 
   // One check: the answer filtered by the settings and dismissals, and what
   // is left shown. True when the view showed an update or an upgrade.
-  bool Run(std::uint32_t product, const std::wstring& version, const std::wstring& language, bool mapFlag,
-           bool manual);
+  bool Run(std::uint32_t product, const std::wstring& version, const std::wstring& language, bool mapFlag, bool manual);
 
   // The view's "View" buttons: open the update's or the upgrade's link (only
   // web addresses are opened).

@@ -4,13 +4,13 @@
 #include "host/identity/ProductIdentity.h"
 #include "online/AutomaticUpdateCheck.h"
 #include "online/BackgroundUpdateFetch.h"
-#include "online/CHvAutomaticUpdateManager.h"
-#include "online/CHvHttpClientManager.h"
 #include "online/CCheckForUpdateView.h"
+#include "online/CHvAutomaticUpdateManager.h"
 #include "online/CHvCheckForUpdatePresenter.h"
-#include "settings/SettingsStore.h"
+#include "online/CHvHttpClientManager.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
+#include "settings/SettingsStore.h"
 
 namespace kvt1 {
 namespace {
@@ -55,9 +55,9 @@ void loadUpdateServices(const std::wstring& moduleFolder) {
 
 std::wstring updateLanguage(SettingsStore& settings) {
   std::wstring language;
-  const bool usable = settings.readString(kSettingLanguage, language) == 0 && language.size() == 3 &&
-                      language.find_first_not_of(L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz") ==
-                          std::wstring::npos;
+  const bool usable =
+      settings.readString(kSettingLanguage, language) == 0 && language.size() == 3 &&
+      language.find_first_not_of(L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz") == std::wstring::npos;
   return usable ? language : L"ENG";
 }
 
@@ -68,18 +68,18 @@ void startModuleUpdateCheck(SettingsStore& settings, HWND parent, ModuleScope sc
   startUpFetch().start(
       [manager, request] { return manager->CheckForUpdates(kProductNumber, request.version, request.language); },
       [request, parent, scope = std::move(scope)](const CHvAutomaticUpdateResult& answer) {
-        scope([&] { runCheck(request, parent, [&answer](std::uint32_t, const std::wstring&, const std::wstring&) {
-                      return answer;
-                    }); });
+        scope([&] {
+          runCheck(request, parent,
+                   [&answer](std::uint32_t, const std::wstring&, const std::wstring&) { return answer; });
+        });
       });
 }
 
 void runModuleUpdateCheck(SettingsStore& settings, HWND parent) {
   runCheck(moduleRequest(true, settings), parent,
            [](std::uint32_t product, const std::wstring& version, const std::wstring& language) {
-             return BackgroundUpdateFetch::fetchServingMessages([&] {
-               return CHvAutomaticUpdateManager::Instance()->CheckForUpdates(product, version, language);
-             });
+             return BackgroundUpdateFetch::fetchServingMessages(
+                 [&] { return CHvAutomaticUpdateManager::Instance()->CheckForUpdates(product, version, language); });
            });
 }
 

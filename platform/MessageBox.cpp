@@ -4,11 +4,15 @@ namespace kvt1::platform {
 
 int defaultMessageBoxAnswer(unsigned type) {
   switch (type & 0xF) {
-    case kMbAbortRetryIgnore: return kIdAbort;
+    case kMbAbortRetryIgnore:
+      return kIdAbort;
     case kMbYesNoCancel:
-    case kMbYesNo: return kIdYes;
-    case kMbRetryCancel: return kIdRetry;
-    default: return kIdOk;
+    case kMbYesNo:
+      return kIdYes;
+    case kMbRetryCancel:
+      return kIdRetry;
+    default:
+      return kIdOk;
   }
 }
 

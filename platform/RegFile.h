@@ -29,7 +29,7 @@ struct RegValue {
 struct RegSection {
   std::wstring path;
   std::size_t line = 0;  // where the block starts in a parsed file
-  bool remove = false;  // a "[-key]" line: delete the key and its subkeys on import
+  bool remove = false;   // a "[-key]" line: delete the key and its subkeys on import
   std::vector<RegValue> values;
 };
 

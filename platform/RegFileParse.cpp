@@ -1,8 +1,8 @@
 #include "platform/RegFile.h"
 
 #include "platform/CaseFolding.h"
-#include "platform/RegFileData.h"
 #include "platform/CodePage.h"
+#include "platform/RegFileData.h"
 #include "platform/Registry.h"
 #include "platform/TextDecoding.h"
 #include "platform/Unicode.h"

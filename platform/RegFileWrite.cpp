@@ -71,8 +71,8 @@ std::wstring valueLine(const RegValue& value) {
     return line + quoted(text);
   }
   if (value.type == kRegDword && value.data.size() == 4) {
-    const unsigned number = value.data[0] | (value.data[1] << 8) | (value.data[2] << 16) |
-                            (static_cast<unsigned>(value.data[3]) << 24);
+    const unsigned number =
+        value.data[0] | (value.data[1] << 8) | (value.data[2] << 16) | (static_cast<unsigned>(value.data[3]) << 24);
     wchar_t text[16];
     std::swprintf(text, sizeof text / sizeof text[0], L"dword:%08x", number);
     return line + text;

@@ -20,13 +20,13 @@ constexpr std::uint32_t kRegBinary = 3;
 constexpr std::uint32_t kRegDword = 4;
 
 // Return codes.
-constexpr long kRegSuccess = 0;             // ERROR_SUCCESS
-constexpr long kRegFileNotFound = 2;        // ERROR_FILE_NOT_FOUND
-constexpr long kRegAccessDenied = 5;        // ERROR_ACCESS_DENIED
-constexpr long kRegInvalidHandle = 6;       // ERROR_INVALID_HANDLE
-constexpr long kRegInvalidParameter = 87;   // ERROR_INVALID_PARAMETER
-constexpr long kRegMoreData = 234;          // ERROR_MORE_DATA
-constexpr long kRegNoMoreItems = 259;       // ERROR_NO_MORE_ITEMS
+constexpr long kRegSuccess = 0;            // ERROR_SUCCESS
+constexpr long kRegFileNotFound = 2;       // ERROR_FILE_NOT_FOUND
+constexpr long kRegAccessDenied = 5;       // ERROR_ACCESS_DENIED
+constexpr long kRegInvalidHandle = 6;      // ERROR_INVALID_HANDLE
+constexpr long kRegInvalidParameter = 87;  // ERROR_INVALID_PARAMETER
+constexpr long kRegMoreData = 234;         // ERROR_MORE_DATA
+constexpr long kRegNoMoreItems = 259;      // ERROR_NO_MORE_ITEMS
 
 enum class RegistryRoot { LocalMachine, CurrentUser, ClassesRoot };
 enum class RegistryAccess { Read, Full };

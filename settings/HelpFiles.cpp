@@ -7,8 +7,8 @@
 #include "platform/FilePath.h"
 #include "platform/HtmlHelp.h"
 #include "platform/MessageBox.h"
-#include "settings/SettingsStore.h"
 #include "settings/SettingNumbers.h"
+#include "settings/SettingsStore.h"
 #include "text/MessageDescription.h"
 #include "text/Placeholders.h"
 

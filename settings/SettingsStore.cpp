@@ -38,9 +38,8 @@ SettingsStore& theSettings() {
 
 void SettingsStore::openKeys() {
   // Without the installation's machine key nothing is opened.
-  if (!machine_.isOpen() &&
-      RegistryKey::open(RegistryRoot::LocalMachine, productKeyPath(), RegistryAccess::Read, machine_) !=
-          platform::kRegSuccess) {
+  if (!machine_.isOpen() && RegistryKey::open(RegistryRoot::LocalMachine, productKeyPath(), RegistryAccess::Read,
+                                              machine_) != platform::kRegSuccess) {
     return;
   }
   bool created = false;

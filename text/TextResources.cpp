@@ -78,7 +78,8 @@ std::wstring GetText(const std::wstring& key, int index) {
 std::wstring GetText(const std::wstring& key, const std::wstring& subKey, bool silent) {
   std::wstring text = lookup(L"/*/" + key + L"/" + subKey);
   if (finish(text)) return text;
-  return silent ? std::wstring() : formatWide(L"Can not find text for key '%s' subKey '%s'", key.c_str(), subKey.c_str());
+  return silent ? std::wstring()
+                : formatWide(L"Can not find text for key '%s' subKey '%s'", key.c_str(), subKey.c_str());
 }
 
 std::wstring GetErrorText(int code) {

@@ -168,8 +168,7 @@ bool CXmlDocument::attributeOf(XmlIndex element, std::wstring_view name, std::ws
   return true;
 }
 
-bool CXmlDocument::stepAccepts(const XmlPathStep& step, XmlIndex element, bool nameKnown,
-                               bool predicateKnown) const {
+bool CXmlDocument::stepAccepts(const XmlPathStep& step, XmlIndex element, bool nameKnown, bool predicateKnown) const {
   if (!nameKnown && !step.anyName() && nameOf(element) != step.name) return false;
   if (predicateKnown || step.predicateAttribute.empty()) return true;
   std::wstring value;
@@ -216,7 +215,8 @@ XmlIndex CXmlDocument::match(XmlIndex context, const XmlPath& path) {
         candidate = level.sibling;
         level.sibling = m_table[candidate].nextSibling;
       }
-      if (candidate == kXmlNone || stepAccepts(path.steps[depth], candidate, level.nameKnown, level.predicateKnown)) return candidate;
+      if (candidate == kXmlNone || stepAccepts(path.steps[depth], candidate, level.nameKnown, level.predicateKnown))
+        return candidate;
     }
   };
 

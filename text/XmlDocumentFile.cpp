@@ -194,8 +194,8 @@ bool CXmlDocument::WriteFile(const std::wstring& path, std::wstring_view encodin
     lossless = platform::wideToBytes(codePage, m_doc, bytes);
   } else {
     // Byte order marks by XmlUnicodeForm.
-    static const std::string_view marks[] = {{}, {}, "\xFF\xFE", "\xFE\xFF", std::string_view("\xFF\xFE\0\0", 4),
-                                             std::string_view("\0\0\xFE\xFF", 4)};
+    static const std::string_view marks[] = {
+        {}, {}, "\xFF\xFE", "\xFE\xFF", std::string_view("\xFF\xFE\0\0", 4), std::string_view("\0\0\xFE\xFF", 4)};
     std::string encoded;
     encodeUnicodeForm(form, m_doc, encoded);
     bytes = marks[static_cast<int>(form)];

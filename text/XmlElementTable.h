@@ -16,9 +16,9 @@ constexpr XmlIndex kXmlDocumentNode = 0;
 
 struct XmlElementRecord {
   enum Flags : std::uint32_t {
-    kErrorMark = 1,   // document node only: the document's structure is broken
-    kEmptyTag = 2,    // written as an empty-element tag
-    kUnended = 4,     // no matching end tag was found
+    kErrorMark = 1,  // document node only: the document's structure is broken
+    kEmptyTag = 2,   // written as an empty-element tag
+    kUnended = 4,    // no matching end tag was found
   };
 
   std::uint32_t start;      // offset of "<" in the document text
@@ -49,9 +49,7 @@ class XmlElementTable {
   std::uint32_t size() const { return m_size; }
   bool contains(XmlIndex index) const { return index < m_size; }
 
-  XmlElementRecord& operator[](XmlIndex index) {
-    return m_segments[index >> kSegmentBits][index & (kSegmentSize - 1)];
-  }
+  XmlElementRecord& operator[](XmlIndex index) { return m_segments[index >> kSegmentBits][index & (kSegmentSize - 1)]; }
   const XmlElementRecord& operator[](XmlIndex index) const {
     return m_segments[index >> kSegmentBits][index & (kSegmentSize - 1)];
   }

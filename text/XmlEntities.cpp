@@ -13,9 +13,7 @@ constexpr std::size_t kMaxDecimalDigits = 7;
 constexpr std::size_t kMaxHexDigits = 6;
 constexpr std::size_t kMaxNameLength = 16;
 
-bool isValidCharacter(char32_t cp) {
-  return cp != 0 && cp <= 0x10FFFF && !(cp >= 0xD800 && cp <= 0xDFFF);
-}
+bool isValidCharacter(char32_t cp) { return cp != 0 && cp <= 0x10FFFF && !(cp >= 0xD800 && cp <= 0xDFFF); }
 
 int digitValue(wchar_t c, bool hex) {
   if (c >= L'0' && c <= L'9') return c - L'0';
@@ -75,12 +73,24 @@ std::wstring escapeXmlText(std::wstring_view text) {
   out.reserve(text.size());
   for (const wchar_t c : text) {
     switch (c) {
-      case L'&': out += L"&amp;"; break;
-      case L'<': out += L"&lt;"; break;
-      case L'>': out += L"&gt;"; break;
-      case L'"': out += L"&quot;"; break;
-      case L'\'': out += L"&apos;"; break;
-      default: out += c; break;
+      case L'&':
+        out += L"&amp;";
+        break;
+      case L'<':
+        out += L"&lt;";
+        break;
+      case L'>':
+        out += L"&gt;";
+        break;
+      case L'"':
+        out += L"&quot;";
+        break;
+      case L'\'':
+        out += L"&apos;";
+        break;
+      default:
+        out += c;
+        break;
     }
   }
   return out;

@@ -86,12 +86,18 @@ XmlUnicodeForm unicodeFormFromName(std::wstring_view name) {
 
 const wchar_t* unicodeFormName(XmlUnicodeForm form) {
   switch (form) {
-    case XmlUnicodeForm::kUtf8: return L"UTF-8";
-    case XmlUnicodeForm::kUtf16LE: return L"UTF-16LE";
-    case XmlUnicodeForm::kUtf16BE: return L"UTF-16BE";
-    case XmlUnicodeForm::kUtf32LE: return L"UTF-32LE";
-    case XmlUnicodeForm::kUtf32BE: return L"UTF-32BE";
-    case XmlUnicodeForm::kNone: break;
+    case XmlUnicodeForm::kUtf8:
+      return L"UTF-8";
+    case XmlUnicodeForm::kUtf16LE:
+      return L"UTF-16LE";
+    case XmlUnicodeForm::kUtf16BE:
+      return L"UTF-16BE";
+    case XmlUnicodeForm::kUtf32LE:
+      return L"UTF-32LE";
+    case XmlUnicodeForm::kUtf32BE:
+      return L"UTF-32BE";
+    case XmlUnicodeForm::kNone:
+      break;
   }
   return L"";
 }
@@ -122,9 +128,12 @@ std::size_t cutUtf8Tail(std::string_view bytes) {
     const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
     if ((byte & 0xC0) == 0x80) continue;
     std::size_t length = 1;
-    if ((byte & 0xE0) == 0xC0) length = 2;
-    else if ((byte & 0xF0) == 0xE0) length = 3;
-    else if ((byte & 0xF8) == 0xF0) length = 4;
+    if ((byte & 0xE0) == 0xC0)
+      length = 2;
+    else if ((byte & 0xF0) == 0xE0)
+      length = 3;
+    else if ((byte & 0xF8) == 0xF0)
+      length = 4;
     return length > back ? back : 0;
   }
   return 0;

@@ -50,7 +50,8 @@ std::vector<EntityRow> unpackRows() {
   while (pos + 5 < kHtmlEntityRows.size()) {
     const std::size_t length = static_cast<std::size_t>(kHtmlEntityRows[pos] - '0');
     char32_t codePoint = 0;
-    for (std::size_t i = 1; i <= 4; ++i) codePoint = codePoint * 10 + static_cast<char32_t>(kHtmlEntityRows[pos + i] - '0');
+    for (std::size_t i = 1; i <= 4; ++i)
+      codePoint = codePoint * 10 + static_cast<char32_t>(kHtmlEntityRows[pos + i] - '0');
     rows.push_back({kHtmlEntityRows.substr(pos + 5, length), codePoint});
     pos += 5 + length;
   }

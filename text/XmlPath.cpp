@@ -10,8 +10,7 @@ namespace {
 constexpr std::size_t npos = std::wstring_view::npos;
 
 bool isValidName(std::wstring_view name) {
-  return !name.empty() && xmlNameLength(name, 0) == name.size() && name.find(L'[') == npos &&
-         name.find(L']') == npos;
+  return !name.empty() && xmlNameLength(name, 0) == name.size() && name.find(L'[') == npos && name.find(L']') == npos;
 }
 
 // Reads "[@name]" or "[@name='value']" starting at pos ("["); returns the

@@ -9,7 +9,7 @@
 namespace kvt1 {
 
 struct XmlPathStep {
-  std::wstring_view name;  // "*" for any element
+  std::wstring_view name;                // "*" for any element
   std::wstring_view predicateAttribute;  // empty: no predicate
   std::wstring_view predicateValue;
   bool predicateHasValue = false;

@@ -136,8 +136,8 @@ HttpResponse exchange(const HttpRequest& request, const TransferLimits& limits) 
   target.append(parts.lpszExtraInfo, parts.dwExtraInfoLength);
   if (target.empty()) target = L"/";
 
-  InternetHandle session(WinHttpOpen(L"HalvornHttpClient/1.0", WINHTTP_ACCESS_TYPE_DEFAULT_PROXY,
-                                     WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS, 0));
+  InternetHandle session(WinHttpOpen(L"HalvornHttpClient/1.0", WINHTTP_ACCESS_TYPE_DEFAULT_PROXY, WINHTTP_NO_PROXY_NAME,
+                                     WINHTTP_NO_PROXY_BYPASS, 0));
   if (!session) return response;
   const int connectMs = static_cast<int>(limits.connectTimeoutMs);
   const int totalMs = static_cast<int>(limits.totalTimeoutMs);
@@ -145,8 +145,8 @@ HttpResponse exchange(const HttpRequest& request, const TransferLimits& limits) 
 
   InternetHandle connection(WinHttpConnect(session.get(), host.c_str(), parts.nPort, 0));
   if (!connection) return response;
-  InternetHandle exchange(WinHttpOpenRequest(connection.get(), request.post ? L"POST" : L"GET", target.c_str(),
-                                             nullptr, WINHTTP_NO_REFERER, WINHTTP_DEFAULT_ACCEPT_TYPES,
+  InternetHandle exchange(WinHttpOpenRequest(connection.get(), request.post ? L"POST" : L"GET", target.c_str(), nullptr,
+                                             WINHTTP_NO_REFERER, WINHTTP_DEFAULT_ACCEPT_TYPES,
                                              parts.nScheme == INTERNET_SCHEME_HTTPS ? WINHTTP_FLAG_SECURE : 0));
   if (!exchange) return response;
   DWORD redirects = WINHTTP_OPTION_REDIRECT_POLICY_NEVER;

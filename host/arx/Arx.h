@@ -4,8 +4,8 @@
 // of the subset the module calls.
 #ifdef KVT1_ARX_SDK
 #include "accmd.h"
-#include "aced.h"
 #include "acdocman.h"
+#include "aced.h"
 #include "adslib.h"
 #include "arxEntryPoint.h"
 #include "rxregsvc.h"

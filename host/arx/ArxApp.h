@@ -35,11 +35,11 @@ class AcRxDbxApp {
   AcRx::AppRetCode dispatchMessage(AcRx::AppMsgCode msg, void* pkt) {
     typedef AcRx::AppRetCode (AcRxDbxApp::*Handler)(void*);
     static const Handler kHandlers[] = {
-        &AcRxDbxApp::On_kInitAppMsg,     &AcRxDbxApp::On_kUnloadAppMsg,  &AcRxDbxApp::On_kLoadDwgMsg,
-        &AcRxDbxApp::On_kUnloadDwgMsg,   &AcRxDbxApp::On_kInvkSubrMsg,   &AcRxDbxApp::On_kCfgMsg,
-        &AcRxDbxApp::On_kEndMsg,         &AcRxDbxApp::On_kQuitMsg,       &AcRxDbxApp::On_kSaveMsg,
-        &AcRxDbxApp::On_kDependencyMsg,  &AcRxDbxApp::On_kNoDependencyMsg, &AcRxDbxApp::On_kOleUnloadAppMsg,
-        &AcRxDbxApp::On_kPreQuitMsg,     &AcRxDbxApp::On_kInitDialogMsg, &AcRxDbxApp::On_kEndDialogMsg};
+        &AcRxDbxApp::On_kInitAppMsg,    &AcRxDbxApp::On_kUnloadAppMsg,    &AcRxDbxApp::On_kLoadDwgMsg,
+        &AcRxDbxApp::On_kUnloadDwgMsg,  &AcRxDbxApp::On_kInvkSubrMsg,     &AcRxDbxApp::On_kCfgMsg,
+        &AcRxDbxApp::On_kEndMsg,        &AcRxDbxApp::On_kQuitMsg,         &AcRxDbxApp::On_kSaveMsg,
+        &AcRxDbxApp::On_kDependencyMsg, &AcRxDbxApp::On_kNoDependencyMsg, &AcRxDbxApp::On_kOleUnloadAppMsg,
+        &AcRxDbxApp::On_kPreQuitMsg,    &AcRxDbxApp::On_kInitDialogMsg,   &AcRxDbxApp::On_kEndDialogMsg};
     if (msg < AcRx::kInitAppMsg || msg > AcRx::kEndDialogMsg) return AcRx::kRetOK;
     return (this->*kHandlers[msg - 1])(pkt);
   }

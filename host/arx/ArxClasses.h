@@ -62,10 +62,9 @@ class AcEdCommandStack : public AcRxObject {
                : nullptr;
   }
 
-  virtual Acad::ErrorStatus addCommand(const ACHAR* cmdGroupName, const ACHAR* cmdGlobalName,
-                                       const ACHAR* cmdLocalName, Adesk::Int32 commandFlags,
-                                       AcRxFunctionPtr functionAddr, AcEdUIContext* uiContext,
-                                       int fcode, ArxCommandResource resource,
+  virtual Acad::ErrorStatus addCommand(const ACHAR* cmdGroupName, const ACHAR* cmdGlobalName, const ACHAR* cmdLocalName,
+                                       Adesk::Int32 commandFlags, AcRxFunctionPtr functionAddr,
+                                       AcEdUIContext* uiContext, int fcode, ArxCommandResource resource,
                                        AcEdCommand** cmdPtrRet) = 0;
   virtual Acad::ErrorStatus removeGroup(const ACHAR* groupName) = 0;
 };

@@ -11,8 +11,8 @@ extern "C" {
 // LISP function table of the current document.
 KVT1_ARX_API int acedDefun(const ACHAR* pszName, ArxFunctionNumber nFuncNum);
 KVT1_ARX_API int acedUndef(const ACHAR* pszName, ArxFunctionNumber nFuncNum);
-KVT1_ARX_API int acedSetFunHelp(const ACHAR* pszFunctionName, const ACHAR* pszHelpfile,
-                                const ACHAR* pszTopic, int iCmd);
+KVT1_ARX_API int acedSetFunHelp(const ACHAR* pszFunctionName, const ACHAR* pszHelpfile, const ACHAR* pszTopic,
+                                int iCmd);
 
 // The LISP call in progress: its function code, arguments and result.
 KVT1_ARX_API int acedGetFunCode(void);

@@ -70,14 +70,7 @@ enum {
 };
 
 // Status codes of the host's functions.
-enum {
-  RTNORM = 5100,
-  RTERROR = -5001,
-  RTCAN = -5002,
-  RTREJ = -5003,
-  RTFAIL = -5004,
-  RTKWORD = -5005
-};
+enum { RTNORM = 5100, RTERROR = -5001, RTCAN = -5002, RTREJ = -5003, RTFAIL = -5004, RTKWORD = -5005 };
 
 #pragma pack(push, 8)
 

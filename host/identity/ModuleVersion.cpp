@@ -32,8 +32,8 @@ const wchar_t* moduleVersionNumber(VersionNumber which) {
     const bool file = which == VersionNumber::File;
     const std::uint32_t high = file ? fixed.fileVersionMS : fixed.productVersionMS;
     const std::uint32_t low = file ? fixed.fileVersionLS : fixed.productVersionLS;
-    std::swprintf(buffer, kNumberLength, L"%d.%d.%d.%d", static_cast<int>(high >> 16),
-                  static_cast<int>(high & 0xFFFF), static_cast<int>(low >> 16), static_cast<int>(low & 0xFFFF));
+    std::swprintf(buffer, kNumberLength, L"%d.%d.%d.%d", static_cast<int>(high >> 16), static_cast<int>(high & 0xFFFF),
+                  static_cast<int>(low >> 16), static_cast<int>(low & 0xFFFF));
   }
   return buffer;
 }

@@ -54,12 +54,18 @@ int currentProductNumber() {
 
 const wchar_t* releaseYear(int release) {
   switch (release) {
-    case 18: return L"2010";
-    case 19: return L"2013";
-    case 20: return L"2015";
-    case 21: return L"2017";
-    case 22: return L"2018";
-    default: return L"ERROR";
+    case 18:
+      return L"2010";
+    case 19:
+      return L"2013";
+    case 20:
+      return L"2015";
+    case 21:
+      return L"2017";
+    case 22:
+      return L"2018";
+    default:
+      return L"ERROR";
   }
 }
 

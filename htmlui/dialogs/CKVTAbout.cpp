@@ -3,8 +3,8 @@
 #include "host/identity/ModuleVersion.h"
 #include "host/identity/ProductIdentity.h"
 #include "platform/FilePath.h"
-#include "settings/SettingsStore.h"
 #include "settings/SettingNumbers.h"
+#include "settings/SettingsStore.h"
 
 namespace kvt1 {
 namespace {

@@ -15,8 +15,8 @@ using Op = Selector::Op;
 bool isSpace(wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n' || c == L'\f'; }
 
 bool isIdentChar(wchar_t c) {
-  return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') || c == L'_' ||
-         c == L'-' || c > 0x7F;
+  return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') || c == L'_' || c == L'-' ||
+         c > 0x7F;
 }
 
 struct StatePseudo {
@@ -25,9 +25,9 @@ struct StatePseudo {
 };
 
 const StatePseudo kStatePseudos[] = {
-    {L"checked", STATE_CHECKED},   {L"current", STATE_CURRENT}, {L"expanded", STATE_EXPANDED},
+    {L"checked", STATE_CHECKED},     {L"current", STATE_CURRENT},   {L"expanded", STATE_EXPANDED},
     {L"collapsed", STATE_COLLAPSED}, {L"disabled", STATE_DISABLED}, {L"focus", STATE_FOCUS},
-    {L"popup", STATE_POPUP},       {L"hover", STATE_HOVER},
+    {L"popup", STATE_POPUP},         {L"hover", STATE_HOVER},
 };
 
 class Compiler {
@@ -56,7 +56,9 @@ class Compiler {
   bool at(wchar_t c) const { return pos_ < text_.size() && text_[pos_] == c; }
 
   // The atom of a name; without interning, kNoAtom for a name never seen.
-  Atom atomOf(std::wstring_view name) const { return interning_ != nullptr ? interning_->intern(name) : atoms_.find(name); }
+  Atom atomOf(std::wstring_view name) const {
+    return interning_ != nullptr ? interning_->intern(name) : atoms_.find(name);
+  }
 
   std::wstring_view ident() {
     const std::size_t start = pos_;
@@ -140,11 +142,20 @@ class Compiler {
         ++pos_;
       } else if (pos_ + 1 < text_.size() && text_[pos_ + 1] == L'=') {
         switch (text_[pos_]) {
-          case L'~': test.op = Op::Includes; break;
-          case L'^': test.op = Op::Prefix; break;
-          case L'$': test.op = Op::Suffix; break;
-          case L'*': test.op = Op::Contains; break;
-          default: return false;
+          case L'~':
+            test.op = Op::Includes;
+            break;
+          case L'^':
+            test.op = Op::Prefix;
+            break;
+          case L'$':
+            test.op = Op::Suffix;
+            break;
+          case L'*':
+            test.op = Op::Contains;
+            break;
+          default:
+            return false;
         }
         pos_ += 2;
       } else {
@@ -227,14 +238,19 @@ bool attributeMatches(const Selector::AttributeTest& test, const Element& e) {
   if (value == nullptr) return false;
   const std::wstring& want = test.value;
   switch (test.op) {
-    case Op::Exists: return true;
-    case Op::Equals: return *value == want;
-    case Op::Includes: return hasWord(*value, want);
-    case Op::Prefix: return !want.empty() && value->compare(0, want.size(), want) == 0;
+    case Op::Exists:
+      return true;
+    case Op::Equals:
+      return *value == want;
+    case Op::Includes:
+      return hasWord(*value, want);
+    case Op::Prefix:
+      return !want.empty() && value->compare(0, want.size(), want) == 0;
     case Op::Suffix:
       return !want.empty() && value->size() >= want.size() &&
              value->compare(value->size() - want.size(), want.size(), want) == 0;
-    case Op::Contains: return !want.empty() && value->find(want) != std::wstring::npos;
+    case Op::Contains:
+      return !want.empty() && value->find(want) != std::wstring::npos;
   }
   return false;
 }

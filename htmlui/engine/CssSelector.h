@@ -50,14 +50,14 @@ class Selector {
     bool root = false;
     bool firstChild = false;
     bool lastChild = false;
-    bool impossible = false;  // names something no element has
-    std::uint64_t classMask = 0;  // atomBit of each class required
+    bool impossible = false;          // names something no element has
+    std::uint64_t classMask = 0;      // atomBit of each class required
     std::uint64_t attributeMask = 0;  // atomBit of each attribute required
     std::vector<Compound> negations;
   };
   struct Complex {
     std::vector<Compound> compounds;  // left to right
-    std::vector<bool> child;  // child[i]: ">" between compounds[i] and compounds[i + 1]
+    std::vector<bool> child;          // child[i]: ">" between compounds[i] and compounds[i + 1]
   };
 
  private:

@@ -15,7 +15,7 @@ namespace kvt1::html {
 struct Element;
 
 struct Attribute {
-  std::string name;  // as written
+  std::string name;    // as written
   Atom key = kNoAtom;  // the lowered name
   std::wstring value;
 };
@@ -39,8 +39,8 @@ struct Element {
   Atom idAtom = kNoAtom;  // cached from "id"
   UINT state = 0;
   Element* parent = nullptr;
-  std::vector<Atom> classes;  // cached from "class"
-  std::uint64_t classMask = 0;  // atomBit of each class
+  std::vector<Atom> classes;        // cached from "class"
+  std::uint64_t classMask = 0;      // atomBit of each class
   std::uint64_t attributeMask = 0;  // atomBit of each attribute name
   std::vector<Attribute> attributes;
   std::vector<Node> children;
@@ -49,7 +49,7 @@ struct Element {
   std::uint32_t orderIndex = 0;
   std::uint32_t orderEnd = 0;
 
-  std::string tag;  // lowered
+  std::string tag;                                                  // lowered
   std::vector<std::pair<std::string, std::wstring>> runtimeStyles;  // lowered names
   POINT scroll{0, 0};
   int useCount = 0;

@@ -17,7 +17,8 @@ namespace {
 constexpr UINT kTransientStates = STATE_FOCUS | STATE_HOVER | STATE_POPUP | STATE_OWNS_POPUP;
 
 bool isBlank(const std::wstring& text) {
-  return std::all_of(text.begin(), text.end(), [](wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n'; });
+  return std::all_of(text.begin(), text.end(),
+                     [](wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n'; });
 }
 
 }  // namespace

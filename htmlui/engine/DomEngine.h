@@ -39,8 +39,7 @@ class DomEngine : public HtmlEngine {
 
   HLDOM_RESULT GetRootElement(HWND hwnd, HELEMENT* phe) override;
   HLDOM_RESULT SelectElements(HELEMENT he, LPCSTR selectors, HTMLayoutElementCallback* cb, LPVOID param) override;
-  HLDOM_RESULT SelectElementsW(HELEMENT he, LPCWSTR selectors, HTMLayoutElementCallback* cb,
-                               LPVOID param) override;
+  HLDOM_RESULT SelectElementsW(HELEMENT he, LPCWSTR selectors, HTMLayoutElementCallback* cb, LPVOID param) override;
   HLDOM_RESULT SelectParent(HELEMENT he, LPCSTR selector, UINT depth, HELEMENT* heFound) override;
   HLDOM_RESULT SelectParentW(HELEMENT he, LPCWSTR selector, UINT depth, HELEMENT* heFound) override;
   HLDOM_RESULT FindElement(HWND hwnd, POINT pt, HELEMENT* phe) override;
@@ -82,8 +81,7 @@ class DomEngine : public HtmlEngine {
 
   HLDOM_RESULT AttachEventHandlerEx(HELEMENT he, LPELEMENT_EVENT_PROC pep, LPVOID tag, UINT subscription) override;
   HLDOM_RESULT DetachEventHandler(HELEMENT he, LPELEMENT_EVENT_PROC pep, LPVOID tag) override;
-  HLDOM_RESULT SendEvent(HELEMENT he, UINT appEventCode, HELEMENT heSource, UINT_PTR reason,
-                         BOOL* handled) override;
+  HLDOM_RESULT SendEvent(HELEMENT he, UINT appEventCode, HELEMENT heSource, UINT_PTR reason, BOOL* handled) override;
   HLDOM_RESULT PostEvent(HELEMENT he, UINT appEventCode, HELEMENT heSource, UINT reason) override;
   HLDOM_RESULT CallBehaviorMethod(HELEMENT he, METHOD_PARAMS* params) override;
   HLDOM_RESULT ControlGetValue(HELEMENT he, VALUE* pVal) override;
@@ -179,8 +177,8 @@ class DomEngine : public HtmlEngine {
     std::wstring baseUrl;
     std::map<std::wstring, std::wstring> importedStyles;
     std::map<std::wstring, std::string> pictures;  // answers to picture requests, by URI
-    StyleBehaviors sheetBehaviors;  // "behavior" as the page's style sheets declare it
-    std::wstring pendingUri;  // the URI of the load request being answered
+    StyleBehaviors sheetBehaviors;                 // "behavior" as the page's style sheets declare it
+    std::wstring pendingUri;                       // the URI of the load request being answered
     bool pending = false;
     std::string pendingData;
     bool pendingAnswered = false;

@@ -45,10 +45,18 @@ HLDOM_RESULT DomEngine::SetElementHtml(HELEMENT he, LPCBYTE html, DWORD htmlLeng
       releaseNodes(old);
       break;
     }
-    case SIH_INSERT_AT_START: tree_.insert(*e, 0, std::move(nodes)); break;
-    case SIH_APPEND_AFTER_LAST: tree_.insert(*e, e->children.size(), std::move(nodes)); break;
-    case SOH_INSERT_BEFORE: tree_.insert(*parent, parent->nodePosition(e), std::move(nodes)); break;
-    default: tree_.insert(*parent, parent->nodePosition(e) + 1, std::move(nodes)); break;
+    case SIH_INSERT_AT_START:
+      tree_.insert(*e, 0, std::move(nodes));
+      break;
+    case SIH_APPEND_AFTER_LAST:
+      tree_.insert(*e, e->children.size(), std::move(nodes));
+      break;
+    case SOH_INSERT_BEFORE:
+      tree_.insert(*parent, parent->nodePosition(e), std::move(nodes));
+      break;
+    default:
+      tree_.insert(*parent, parent->nodePosition(e) + 1, std::move(nodes));
+      break;
   }
   if (where == SOH_REPLACE) {
     tree_.remove(*e);

@@ -98,8 +98,7 @@ bool DomEngine::sendBehaviorEvent(Element& target, UINT code, Element* source, U
   return dispatch(target, HANDLE_BEHAVIOR_EVENT, &params.cmd, &params);
 }
 
-HLDOM_RESULT DomEngine::SendEvent(HELEMENT he, UINT appEventCode, HELEMENT heSource, UINT_PTR reason,
-                                  BOOL* handled) {
+HLDOM_RESULT DomEngine::SendEvent(HELEMENT he, UINT appEventCode, HELEMENT heSource, UINT_PTR reason, BOOL* handled) {
   Element* target = element(he);
   Element* source = heSource != nullptr ? element(heSource) : nullptr;
   if (target == nullptr || (heSource != nullptr && source == nullptr)) return HLDOM_INVALID_HANDLE;
@@ -161,7 +160,8 @@ void DomEngine::attachBehaviors(Element& top) {
   std::vector<std::pair<std::uint32_t, std::string>> pending;
   const auto consider = [&](Element& e) {
     if (e.behaviorsAttached) return;
-    if (std::optional<std::wstring> names = behaviorNames(e, view)) pending.emplace_back(e.number, platform::toUtf8(*names));
+    if (std::optional<std::wstring> names = behaviorNames(e, view))
+      pending.emplace_back(e.number, platform::toUtf8(*names));
   };
   consider(top);
   forEachDescendant(top, [&](Element& e, std::size_t) {

@@ -135,14 +135,16 @@ void DomEngine::requestData(HWND hwnd, const std::wstring& uri, UINT type, HELEM
   const std::wstring css = decodePageBytes(reinterpret_cast<const unsigned char*>(data->data()), data->size());
   view->importedStyles[uri] = css;
   if (depth + 1 >= kMaxImportDepth) return;
-  for (const StyleImport& rule : findStyleImports(css)) requestData(hwnd, rule.uri, HLRT_DATA_STYLE, principal, depth + 1);
+  for (const StyleImport& rule : findStyleImports(css))
+    requestData(hwnd, rule.uri, HLRT_DATA_STYLE, principal, depth + 1);
 }
 
 std::vector<unsigned char> DomEngine::pictureData(const std::string& url) {
   View* view = findView(layingOut_);
   if (view == nullptr) return {};
   const std::wstring uri = platform::fromUtf8(url);
-  if (view->pictures.count(uri) == 0) requestData(view->hwnd, uri, HLRT_DATA_IMAGE, toHandle(tree_.find(view->root)), 0);
+  if (view->pictures.count(uri) == 0)
+    requestData(view->hwnd, uri, HLRT_DATA_IMAGE, toHandle(tree_.find(view->root)), 0);
   view = findView(layingOut_);
   if (view == nullptr) return {};
   const std::string& bytes = view->pictures[uri];

@@ -51,8 +51,7 @@ std::vector<std::string> tagList(LPCSTR tagNames) {
 
 }  // namespace
 
-HLDOM_RESULT DomEngine::select(HELEMENT he, const std::wstring& selectors, HTMLayoutElementCallback* cb,
-                               LPVOID param) {
+HLDOM_RESULT DomEngine::select(HELEMENT he, const std::wstring& selectors, HTMLayoutElementCallback* cb, LPVOID param) {
   Element* scope = element(he);
   if (scope == nullptr) return HLDOM_INVALID_HANDLE;
   if (cb == nullptr) return HLDOM_INVALID_PARAMETER;
@@ -79,8 +78,7 @@ HLDOM_RESULT DomEngine::SelectElements(HELEMENT he, LPCSTR selectors, HTMLayoutE
   return select(he, platform::fromUtf8(selectors), cb, param);
 }
 
-HLDOM_RESULT DomEngine::SelectElementsW(HELEMENT he, LPCWSTR selectors, HTMLayoutElementCallback* cb,
-                                        LPVOID param) {
+HLDOM_RESULT DomEngine::SelectElementsW(HELEMENT he, LPCWSTR selectors, HTMLayoutElementCallback* cb, LPVOID param) {
   if (selectors == nullptr) return element(he) == nullptr ? HLDOM_INVALID_HANDLE : HLDOM_INVALID_PARAMETER;
   return select(he, selectors, cb, param);
 }

@@ -50,7 +50,9 @@ HLDOM_RESULT DomEngine::ControlGetValue(HELEMENT he, VALUE* pVal) {
       text = optionValue(*chosen, tree_);
       break;
     }
-    default: text = innerText(*e); break;
+    default:
+      text = innerText(*e);
+      break;
   }
   valueStringDataSet(pVal, text.c_str(), static_cast<UINT>(text.size()), 0);
   return HLDOM_OK;

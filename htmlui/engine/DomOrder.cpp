@@ -18,7 +18,8 @@ OrderEntry OrderEntry::of(Element& e, std::uint32_t parent) {
 }
 
 bool OrderEntry::hasClass(Atom atom) const {
-  if (classCount > kInlineClasses) return std::find(element->classes.begin(), element->classes.end(), atom) != element->classes.end();
+  if (classCount > kInlineClasses)
+    return std::find(element->classes.begin(), element->classes.end(), atom) != element->classes.end();
   return std::find(classes, classes + classCount, atom) != classes + classCount;
 }
 

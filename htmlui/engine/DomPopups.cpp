@@ -8,10 +8,14 @@ namespace {
 // The top left of a popup of this size beside the anchor's box.
 POINT besideAnchor(const LayoutBox& anchor, const LayoutBox& popup, UINT placement) {
   switch (placement) {
-    case 8: return POINT{anchor.x, anchor.y - popup.height};
-    case 4: return POINT{anchor.x - popup.width, anchor.y};
-    case 6: return POINT{anchor.x + anchor.width, anchor.y};
-    default: return POINT{anchor.x, anchor.y + anchor.height};
+    case 8:
+      return POINT{anchor.x, anchor.y - popup.height};
+    case 4:
+      return POINT{anchor.x - popup.width, anchor.y};
+    case 6:
+      return POINT{anchor.x + anchor.width, anchor.y};
+    default:
+      return POINT{anchor.x, anchor.y + anchor.height};
   }
 }
 

@@ -17,7 +17,7 @@ class DomTextEditing {
  public:
   struct Edit {
     std::wstring text;  // the whole new text
-    UINT reason = 0;  // BY_INS_CHAR, BY_DEL_CHAR or BY_DEL_CHARS
+    UINT reason = 0;    // BY_INS_CHAR, BY_DEL_CHAR or BY_DEL_CHARS
   };
 
   // What the key (KEY_CHAR or KEY_DOWN) does to e's text; none when e is

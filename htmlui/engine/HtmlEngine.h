@@ -24,16 +24,13 @@ class HtmlEngine {
 
   // Navigation and selection.
   virtual HLDOM_RESULT GetRootElement(HWND hwnd, HELEMENT* phe) = 0;
-  virtual HLDOM_RESULT SelectElements(HELEMENT he, LPCSTR selectors, HTMLayoutElementCallback* cb,
-                                      LPVOID param) = 0;
-  virtual HLDOM_RESULT SelectElementsW(HELEMENT he, LPCWSTR selectors, HTMLayoutElementCallback* cb,
-                                       LPVOID param) = 0;
+  virtual HLDOM_RESULT SelectElements(HELEMENT he, LPCSTR selectors, HTMLayoutElementCallback* cb, LPVOID param) = 0;
+  virtual HLDOM_RESULT SelectElementsW(HELEMENT he, LPCWSTR selectors, HTMLayoutElementCallback* cb, LPVOID param) = 0;
   virtual HLDOM_RESULT SelectParent(HELEMENT he, LPCSTR selector, UINT depth, HELEMENT* heFound) = 0;
   virtual HLDOM_RESULT SelectParentW(HELEMENT he, LPCWSTR selector, UINT depth, HELEMENT* heFound) = 0;
   virtual HLDOM_RESULT FindElement(HWND hwnd, POINT pt, HELEMENT* phe) = 0;
-  virtual HLDOM_RESULT VisitElements(HELEMENT he, LPCSTR tagName, LPCSTR attributeName,
-                                     LPCWSTR attributeValue, HTMLayoutElementCallback* cb, LPVOID param,
-                                     DWORD depth) = 0;
+  virtual HLDOM_RESULT VisitElements(HELEMENT he, LPCSTR tagName, LPCSTR attributeName, LPCWSTR attributeValue,
+                                     HTMLayoutElementCallback* cb, LPVOID param, DWORD depth) = 0;
   virtual HLDOM_RESULT GetParentElement(HELEMENT he, HELEMENT* pParent) = 0;
   virtual HLDOM_RESULT GetNthChild(HELEMENT he, UINT n, HELEMENT* phe) = 0;
   virtual HLDOM_RESULT GetChildrenCount(HELEMENT he, UINT* count) = 0;
@@ -58,8 +55,7 @@ class HtmlEngine {
   virtual HLDOM_RESULT SetStyleAttribute(HELEMENT he, LPCSTR name, LPCWSTR value) = 0;
 
   // Content.
-  virtual HLDOM_RESULT GetElementHtmlCB(HELEMENT he, BOOL outer, HTMLayoutWriterCallbackB* cb,
-                                        LPVOID cbParam) = 0;
+  virtual HLDOM_RESULT GetElementHtmlCB(HELEMENT he, BOOL outer, HTMLayoutWriterCallbackB* cb, LPVOID cbParam) = 0;
   virtual HLDOM_RESULT SetElementHtml(HELEMENT he, LPCBYTE html, DWORD htmlLength, UINT where) = 0;
   virtual HLDOM_RESULT GetElementInnerTextCB(HELEMENT he, HTMLayoutWriterCallbackW* cb, LPVOID cbParam) = 0;
   virtual HLDOM_RESULT SetElementInnerText16(HELEMENT he, LPCWSTR text, UINT length) = 0;
@@ -73,11 +69,9 @@ class HtmlEngine {
   virtual HLDOM_RESULT UpdateElementEx(HELEMENT he, UINT flags) = 0;
 
   // Events, behaviours and timers.
-  virtual HLDOM_RESULT AttachEventHandlerEx(HELEMENT he, LPELEMENT_EVENT_PROC pep, LPVOID tag,
-                                            UINT subscription) = 0;
+  virtual HLDOM_RESULT AttachEventHandlerEx(HELEMENT he, LPELEMENT_EVENT_PROC pep, LPVOID tag, UINT subscription) = 0;
   virtual HLDOM_RESULT DetachEventHandler(HELEMENT he, LPELEMENT_EVENT_PROC pep, LPVOID tag) = 0;
-  virtual HLDOM_RESULT SendEvent(HELEMENT he, UINT appEventCode, HELEMENT heSource, UINT_PTR reason,
-                                 BOOL* handled) = 0;
+  virtual HLDOM_RESULT SendEvent(HELEMENT he, UINT appEventCode, HELEMENT heSource, UINT_PTR reason, BOOL* handled) = 0;
   virtual HLDOM_RESULT PostEvent(HELEMENT he, UINT appEventCode, HELEMENT heSource, UINT reason) = 0;
   virtual HLDOM_RESULT CallBehaviorMethod(HELEMENT he, METHOD_PARAMS* params) = 0;
   virtual HLDOM_RESULT ControlGetValue(HELEMENT he, VALUE* pVal) = 0;

@@ -9,9 +9,7 @@
 namespace kvt1::html {
 namespace {
 
-std::wstring* stringOf(const VALUE& v) {
-  return reinterpret_cast<std::wstring*>(static_cast<std::uintptr_t>(v.d));
-}
+std::wstring* stringOf(const VALUE& v) { return reinterpret_cast<std::wstring*>(static_cast<std::uintptr_t>(v.d)); }
 
 double floatOf(const VALUE& v) {
   double d;
@@ -41,11 +39,21 @@ std::wstring jsonQuoted(const std::wstring& text) {
   std::wstring out = L"\"";
   for (const wchar_t c : text) {
     switch (c) {
-      case L'"': out += L"\\\""; break;
-      case L'\\': out += L"\\\\"; break;
-      case L'\n': out += L"\\n"; break;
-      case L'\r': out += L"\\r"; break;
-      case L'\t': out += L"\\t"; break;
+      case L'"':
+        out += L"\\\"";
+        break;
+      case L'\\':
+        out += L"\\\\";
+        break;
+      case L'\n':
+        out += L"\\n";
+        break;
+      case L'\r':
+        out += L"\\r";
+        break;
+      case L'\t':
+        out += L"\\t";
+        break;
       default:
         if (c < 0x20) {
           wchar_t escape[8];
@@ -97,12 +105,21 @@ UINT valueCompare(const VALUE* pval1, const VALUE* pval2) {
   bool equal = false;
   switch (pval1->t) {
     case T_UNDEFINED:
-    case T_NULL: equal = true; break;
+    case T_NULL:
+      equal = true;
+      break;
     case T_BOOL:
-    case T_INT: equal = static_cast<INT>(pval1->d) == static_cast<INT>(pval2->d); break;
-    case T_FLOAT: equal = floatOf(*pval1) == floatOf(*pval2); break;
-    case T_STRING: equal = *stringOf(*pval1) == *stringOf(*pval2); break;
-    default: return HV_INCOMPATIBLE_TYPE;
+    case T_INT:
+      equal = static_cast<INT>(pval1->d) == static_cast<INT>(pval2->d);
+      break;
+    case T_FLOAT:
+      equal = floatOf(*pval1) == floatOf(*pval2);
+      break;
+    case T_STRING:
+      equal = *stringOf(*pval1) == *stringOf(*pval2);
+      break;
+    default:
+      return HV_INCOMPATIBLE_TYPE;
   }
   return equal ? static_cast<UINT>(HV_OK_TRUE) : static_cast<UINT>(HV_OK);
 }
@@ -150,12 +167,18 @@ UINT valueStringDataSet(VALUE* pval, LPCWSTR chars, UINT numChars, UINT units) {
 
 std::wstring valueText(const VALUE& value) {
   switch (value.t) {
-    case T_NULL: return L"null";
-    case T_BOOL: return value.d != 0 ? L"true" : L"false";
-    case T_INT: return std::to_wstring(static_cast<INT>(static_cast<std::int64_t>(value.d)));
-    case T_FLOAT: return floatText(floatOf(value));
-    case T_STRING: return *stringOf(value);
-    default: return std::wstring();
+    case T_NULL:
+      return L"null";
+    case T_BOOL:
+      return value.d != 0 ? L"true" : L"false";
+    case T_INT:
+      return std::to_wstring(static_cast<INT>(static_cast<std::int64_t>(value.d)));
+    case T_FLOAT:
+      return floatText(floatOf(value));
+    case T_STRING:
+      return *stringOf(value);
+    default:
+      return std::wstring();
   }
 }
 

@@ -17,19 +17,28 @@ struct StateClass {
 };
 
 const StateClass kStateClasses[] = {
-    {STATE_CHECKED, L"kvt1-checked"},   {STATE_CURRENT, L"kvt1-current"}, {STATE_EXPANDED, L"kvt1-expanded"},
+    {STATE_CHECKED, L"kvt1-checked"},     {STATE_CURRENT, L"kvt1-current"},   {STATE_EXPANDED, L"kvt1-expanded"},
     {STATE_COLLAPSED, L"kvt1-collapsed"}, {STATE_DISABLED, L"kvt1-disabled"}, {STATE_FOCUS, L"kvt1-focus"},
-    {STATE_HOVER, L"kvt1-hover"},       {STATE_POPUP, L"kvt1-popup"},
+    {STATE_HOVER, L"kvt1-hover"},         {STATE_POPUP, L"kvt1-popup"},
 };
 
 void appendEscaped(std::wstring& out, const std::wstring& text, bool attribute) {
   for (const wchar_t c : text) {
     switch (c) {
-      case L'&': out += L"&amp;"; break;
-      case L'<': out += L"&lt;"; break;
-      case L'>': out += attribute ? L">" : L"&gt;"; break;
-      case L'"': out += attribute ? L"&quot;" : L"\""; break;
-      default: out += c;
+      case L'&':
+        out += L"&amp;";
+        break;
+      case L'<':
+        out += L"&lt;";
+        break;
+      case L'>':
+        out += attribute ? L">" : L"&gt;";
+        break;
+      case L'"':
+        out += attribute ? L"&quot;" : L"\"";
+        break;
+      default:
+        out += c;
     }
   }
 }

@@ -12,9 +12,7 @@ BOOL event_handler::handle_key(HELEMENT he, KEY_PARAMS& params) {
   return on_key(he, params.target, params.cmd, params.key_code, params.alt_state);
 }
 
-BOOL event_handler::handle_focus(HELEMENT he, FOCUS_PARAMS& params) {
-  return on_focus(he, params.target, params.cmd);
-}
+BOOL event_handler::handle_focus(HELEMENT he, FOCUS_PARAMS& params) { return on_focus(he, params.target, params.cmd); }
 
 BOOL event_handler::handle_timer(HELEMENT he, TIMER_PARAMS& params) {
   return params.timerId != 0 ? on_timer(he, params.timerId) : on_timer(he);
@@ -50,25 +48,35 @@ BOOL HLCALLBACK event_handler::element_proc(LPVOID tag, HELEMENT he, UINT evtg, 
       else if (static_cast<INITIALIZATION_PARAMS*>(prms)->cmd == BEHAVIOR_ATTACH)
         handler->attached(he);
       return TRUE;
-    case HANDLE_MOUSE: return handler->handle_mouse(he, *static_cast<MOUSE_PARAMS*>(prms));
-    case HANDLE_KEY: return handler->handle_key(he, *static_cast<KEY_PARAMS*>(prms));
-    case HANDLE_FOCUS: return handler->handle_focus(he, *static_cast<FOCUS_PARAMS*>(prms));
-    case HANDLE_TIMER: return handler->handle_timer(he, *static_cast<TIMER_PARAMS*>(prms));
-    case HANDLE_SIZE: handler->handle_size(he); return FALSE;
-    case HANDLE_DRAW: return handler->handle_draw(he, *static_cast<DRAW_PARAMS*>(prms));
-    case HANDLE_METHOD_CALL: return handler->handle_method_call(he, *static_cast<METHOD_PARAMS*>(prms));
-    case HANDLE_BEHAVIOR_EVENT: return handler->handle_event(he, *static_cast<BEHAVIOR_EVENT_PARAMS*>(prms));
+    case HANDLE_MOUSE:
+      return handler->handle_mouse(he, *static_cast<MOUSE_PARAMS*>(prms));
+    case HANDLE_KEY:
+      return handler->handle_key(he, *static_cast<KEY_PARAMS*>(prms));
+    case HANDLE_FOCUS:
+      return handler->handle_focus(he, *static_cast<FOCUS_PARAMS*>(prms));
+    case HANDLE_TIMER:
+      return handler->handle_timer(he, *static_cast<TIMER_PARAMS*>(prms));
+    case HANDLE_SIZE:
+      handler->handle_size(he);
+      return FALSE;
+    case HANDLE_DRAW:
+      return handler->handle_draw(he, *static_cast<DRAW_PARAMS*>(prms));
+    case HANDLE_METHOD_CALL:
+      return handler->handle_method_call(he, *static_cast<METHOD_PARAMS*>(prms));
+    case HANDLE_BEHAVIOR_EVENT:
+      return handler->handle_event(he, *static_cast<BEHAVIOR_EVENT_PARAMS*>(prms));
     case HANDLE_DATA_ARRIVED:
       return handler->handle_data_arrived(he, *static_cast<DATA_ARRIVED_PARAMS*>(prms));
-    case HANDLE_SCROLL: return handler->handle_scroll(he, *static_cast<SCROLL_PARAMS*>(prms));
-    default: return FALSE;
+    case HANDLE_SCROLL:
+      return handler->handle_scroll(he, *static_cast<SCROLL_PARAMS*>(prms));
+    default:
+      return FALSE;
   }
 }
 
 behavior* behavior::first_ = nullptr;
 
-behavior::behavior(UINT subscriptions, const char* name)
-    : event_handler(subscriptions), name_(name), next_(first_) {
+behavior::behavior(UINT subscriptions, const char* name) : event_handler(subscriptions), name_(name), next_(first_) {
   first_ = this;
 }
 

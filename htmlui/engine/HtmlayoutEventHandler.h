@@ -33,9 +33,7 @@ class event_handler {
                         UINT keyboardStates) {
     return FALSE;
   }
-  virtual BOOL on_key(HELEMENT he, HELEMENT target, UINT event_type, UINT code, UINT keyboardStates) {
-    return FALSE;
-  }
+  virtual BOOL on_key(HELEMENT he, HELEMENT target, UINT event_type, UINT code, UINT keyboardStates) { return FALSE; }
   virtual BOOL on_focus(HELEMENT he, HELEMENT target, UINT event_type) { return FALSE; }
   // FALSE stops the timer.
   virtual BOOL on_timer(HELEMENT he) { return FALSE; }
@@ -44,9 +42,7 @@ class event_handler {
   virtual BOOL on_draw(HELEMENT he, UINT draw_type, HDC hdc, const RECT& rc) { return FALSE; }
   virtual void on_size(HELEMENT he) {}
   virtual BOOL on_method_call(HELEMENT he, UINT methodID, METHOD_PARAMS* params) { return FALSE; }
-  virtual BOOL on_event(HELEMENT he, HELEMENT target, BEHAVIOR_EVENTS type, UINT_PTR reason) {
-    return FALSE;
-  }
+  virtual BOOL on_event(HELEMENT he, HELEMENT target, BEHAVIOR_EVENTS type, UINT_PTR reason) { return FALSE; }
   virtual BOOL on_data_arrived(HELEMENT he, HELEMENT initiator, LPCBYTE data, UINT dataSize, UINT dataType) {
     return FALSE;
   }
@@ -94,17 +90,28 @@ class notification_handler {
     if (uMsg != WM_NOTIFY || lParam == 0) return 0;
     NMHDR* header = reinterpret_cast<NMHDR*>(lParam);
     switch (header->code) {
-      case HLN_CREATE_CONTROL: return on_create_control(reinterpret_cast<LPNMHL_CREATE_CONTROL>(lParam));
-      case HLN_CONTROL_CREATED: return on_control_created(reinterpret_cast<LPNMHL_CREATE_CONTROL>(lParam));
-      case HLN_DESTROY_CONTROL: return on_destroy_control(reinterpret_cast<LPNMHL_DESTROY_CONTROL>(lParam));
-      case HLN_LOAD_DATA: return on_load_data(reinterpret_cast<LPNMHL_LOAD_DATA>(lParam));
-      case HLN_DATA_LOADED: return on_data_loaded(reinterpret_cast<LPNMHL_DATA_LOADED>(lParam));
-      case HLN_DOCUMENT_COMPLETE: return on_document_complete();
-      case HLN_DOCUMENT_LOADED: return on_document_loaded();
-      case HLN_ATTACH_BEHAVIOR: return on_attach_behavior(reinterpret_cast<LPNMHL_ATTACH_BEHAVIOR>(lParam));
-      case HLN_DIALOG_CREATED: return on_dialog_created();
-      case HLN_DIALOG_CLOSE_RQ: return on_dialog_close(reinterpret_cast<LPNMHL_DIALOG_CLOSE_RQ>(lParam));
-      default: return 0;
+      case HLN_CREATE_CONTROL:
+        return on_create_control(reinterpret_cast<LPNMHL_CREATE_CONTROL>(lParam));
+      case HLN_CONTROL_CREATED:
+        return on_control_created(reinterpret_cast<LPNMHL_CREATE_CONTROL>(lParam));
+      case HLN_DESTROY_CONTROL:
+        return on_destroy_control(reinterpret_cast<LPNMHL_DESTROY_CONTROL>(lParam));
+      case HLN_LOAD_DATA:
+        return on_load_data(reinterpret_cast<LPNMHL_LOAD_DATA>(lParam));
+      case HLN_DATA_LOADED:
+        return on_data_loaded(reinterpret_cast<LPNMHL_DATA_LOADED>(lParam));
+      case HLN_DOCUMENT_COMPLETE:
+        return on_document_complete();
+      case HLN_DOCUMENT_LOADED:
+        return on_document_loaded();
+      case HLN_ATTACH_BEHAVIOR:
+        return on_attach_behavior(reinterpret_cast<LPNMHL_ATTACH_BEHAVIOR>(lParam));
+      case HLN_DIALOG_CREATED:
+        return on_dialog_created();
+      case HLN_DIALOG_CLOSE_RQ:
+        return on_dialog_close(reinterpret_cast<LPNMHL_DIALOG_CLOSE_RQ>(lParam));
+      default:
+        return 0;
     }
   }
 

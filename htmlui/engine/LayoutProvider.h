@@ -31,8 +31,8 @@ class LayoutProvider {
   virtual std::optional<LayoutBox> box(int node) const = 0;
   // The element whose box holds the point, deepest first; -1 for none.
   virtual int hitTest(int x, int y) const = 0;
-  virtual int minWidth() const = 0;  // narrowest width without overflow
-  virtual int maxWidth() const = 0;  // width with no line breaking
+  virtual int minWidth() const = 0;       // narrowest width without overflow
+  virtual int maxWidth() const = 0;       // width with no line breaking
   virtual int contentHeight() const = 0;  // at the last layout width
   // Draws the last layout (width x contentHeight) into a PNG file.
   virtual bool renderPng(const std::string& path) const = 0;

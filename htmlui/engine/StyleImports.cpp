@@ -32,7 +32,8 @@ std::vector<StyleImport> findStyleImports(std::wstring_view css) {
     wchar_t quote = 0;
     if (p < css.size() && (css[p] == L'"' || css[p] == L'\'')) quote = css[p++];
     const std::size_t start = p;
-    while (p < css.size() && (quote != 0 ? css[p] != quote : (inUrl ? css[p] != L')' : !isSpace(css[p]) && css[p] != L';')))
+    while (p < css.size() &&
+           (quote != 0 ? css[p] != quote : (inUrl ? css[p] != L')' : !isSpace(css[p]) && css[p] != L';')))
       ++p;
     rule.uri.assign(css.substr(start, p - start));
     const std::size_t semicolon = css.find(L';', p);

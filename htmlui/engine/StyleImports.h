@@ -9,7 +9,7 @@ namespace kvt1::html {
 
 struct StyleImport {
   std::size_t begin = 0;  // the "@" of "@import"
-  std::size_t end = 0;  // just after the rule's ";" (or where the rule stops)
+  std::size_t end = 0;    // just after the rule's ";" (or where the rule stops)
   std::wstring uri;
 };
 

@@ -52,8 +52,8 @@ void CHvUsageReport::AddToolUse(const std::wstring& tool, std::uint32_t time) {
 }
 
 void CHvUsageReport::AddCustomValue(const std::wstring& name, const std::wstring& value, bool dupes) {
-  const auto found = std::find_if(m_custom.begin(), m_custom.end(),
-                                  [&](const SHvUsageCustom& record) { return record.name == name; });
+  const auto found =
+      std::find_if(m_custom.begin(), m_custom.end(), [&](const SHvUsageCustom& record) { return record.name == name; });
   if (found != m_custom.end()) {
     addValue(*found, value);
     return;

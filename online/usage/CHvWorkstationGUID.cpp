@@ -25,10 +25,12 @@ bool readStoredGuid(const std::wstring& keyPath, kvt1::platform::Guid& guid) {
 
 void storeGuid(const std::wstring& keyPath, const std::wstring& text) {
   RegistryKey key;
-  if (RegistryKey::create(RegistryRoot::CurrentUser, keyPath, RegistryAccess::Full, key) != kvt1::platform::kRegSuccess) {
+  if (RegistryKey::create(RegistryRoot::CurrentUser, keyPath, RegistryAccess::Full, key) !=
+      kvt1::platform::kRegSuccess) {
     return;
   }
-  key.setValue(kValueName, kvt1::platform::kRegSz, text.c_str(), static_cast<std::uint32_t>(text.size() * sizeof(wchar_t)));
+  key.setValue(kValueName, kvt1::platform::kRegSz, text.c_str(),
+               static_cast<std::uint32_t>(text.size() * sizeof(wchar_t)));
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include "host/identity/ProductIdentity.h"
 #include "online/usage/UsageReportUpload.h"
-#include "settings/SettingsStore.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
+#include "settings/SettingsStore.h"
 
 namespace {
 

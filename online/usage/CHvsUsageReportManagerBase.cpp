@@ -37,7 +37,8 @@ const wchar_t kArchitecture[] = L"x86";
 
 void storeConsent(const std::wstring& keyPath, std::uint32_t value) {
   RegistryKey key;
-  if (RegistryKey::create(RegistryRoot::CurrentUser, keyPath, RegistryAccess::Full, key) != kvt1::platform::kRegSuccess) {
+  if (RegistryKey::create(RegistryRoot::CurrentUser, keyPath, RegistryAccess::Full, key) !=
+      kvt1::platform::kRegSuccess) {
     return;  // not stored: the question comes again at the next start
   }
   key.setValue(kConsentValue, kvt1::platform::kRegDword, &value, sizeof value);
@@ -52,8 +53,9 @@ CHvsUsageReportManagerBase::~CHvsUsageReportManagerBase() { WaitForSend(); }
 void CHvsUsageReportManagerBase::DecideConsent() {
   m_collecting = false;
   m_ask = false;
-  const std::uint32_t value = kvt1::platform::readDwordValue(RegistryRoot::CurrentUser, GetProductKeyPath(), kConsentValue)
-                                   .value_or(kConsentUnset);
+  const std::uint32_t value =
+      kvt1::platform::readDwordValue(RegistryRoot::CurrentUser, GetProductKeyPath(), kConsentValue)
+          .value_or(kConsentUnset);
   if (value == kConsentUnset) {
     m_ask = true;
     return;
@@ -85,9 +87,9 @@ void CHvsUsageReportManagerBase::StartRun() {
     m_report->SetEval(IsEval());
   }
   const std::uint32_t version = kvt1::platform::packedOsVersion();
-  m_report->AddLogin(kvt1::platform::formatWide(L"%s::%s::%d", GetPlatform().c_str(), kArchitecture,
-                                                static_cast<int>(version)),
-                     Now());
+  m_report->AddLogin(
+      kvt1::platform::formatWide(L"%s::%s::%d", GetPlatform().c_str(), kArchitecture, static_cast<int>(version)),
+      Now());
   AddHostCustomValues(*m_report);
   m_report->AddCustomValue(L"WinXP", kvt1::platform::osMajorVersion(version) == 5 ? L"Yes" : L"No", false);
   StartSendingIfDue();
@@ -173,15 +175,15 @@ void CHvsUsageReportManagerBase::StartSendingIfDue() {
   m_sendOutcome = kvt1::usage::SendOutcome::Refused;
   m_sent = stored;
   try {
-    m_sendThread = std::thread([stored, channel = GetReportChannel(), home, clock = m_clock, &sending = m_sending,
-                                &outcome = m_sendOutcome] {
-      try {
-        outcome = kvt1::usage::sendReport(*stored, static_cast<std::uint32_t>(clock()), channel, home);
-      } catch (...) {
-        // Nothing leaves the thread; the outcome stays "refused".
-      }
-      sending = false;
-    });
+    m_sendThread = std::thread(
+        [stored, channel = GetReportChannel(), home, clock = m_clock, &sending = m_sending, &outcome = m_sendOutcome] {
+          try {
+            outcome = kvt1::usage::sendReport(*stored, static_cast<std::uint32_t>(clock()), channel, home);
+          } catch (...) {
+            // Nothing leaves the thread; the outcome stays "refused".
+          }
+          sending = false;
+        });
   } catch (const std::system_error&) {
     m_sending = false;
     m_sent.reset();

@@ -18,10 +18,10 @@
 
 // The consent dialog's results.
 enum EHvsUsageConsent {
-  kUsageConsentClosed = 0,   // closed without a button: nothing stored
-  kUsageConsentLater = 1,    // "Remind Me Later": nothing stored
-  kUsageConsentAgreed = 2,   // OK with "Yes": HVCOLLECTUSAGE = 1
-  kUsageConsentDeclined = 3, // OK with anything else: HVCOLLECTUSAGE = 0
+  kUsageConsentClosed = 0,    // closed without a button: nothing stored
+  kUsageConsentLater = 1,     // "Remind Me Later": nothing stored
+  kUsageConsentAgreed = 2,    // OK with "Yes": HVCOLLECTUSAGE = 1
+  kUsageConsentDeclined = 3,  // OK with anything else: HVCOLLECTUSAGE = 0
 };
 
 class CHvsUsageReportManagerBase {

@@ -9,8 +9,8 @@ struct FeatureCode {
 };
 
 constexpr FeatureCode kFeatureCodes[] = {
-    {101, L"Settings::Imperial"}, {102, L"Settings::Metric"},    {201, L"Building::Create"},
-    {202, L"Building::Select"},   {203, L"Building::Import"},    {301, L"Heightfield::Open"},
+    {101, L"Settings::Imperial"},  {102, L"Settings::Metric"},   {201, L"Building::Create"},
+    {202, L"Building::Select"},    {203, L"Building::Import"},   {301, L"Heightfield::Open"},
     {302, L"Heightfield::Filter"}, {401, L"Regulation::ICAO"},   {402, L"Regulation::FAA"},
     {403, L"Regulation::Germany"}, {404, L"Regulation::Canada"},
 };

@@ -18,9 +18,9 @@ using ReportChannel = std::function<bool(const std::vector<std::uint8_t>& buffer
 std::vector<std::uint8_t> frameReport(const Hv::CHvUsageReport& report);
 
 enum class SendOutcome {
-  Refused,           // the channel did not take it: the stored report is as it was
-  Sent,              // taken, and the emptied report is stored
-  SentNotStored,     // taken, but the emptied report could be stored nowhere
+  Refused,        // the channel did not take it: the stored report is as it was
+  Sent,           // taken, and the emptied report is stored
+  SentNotStored,  // taken, but the emptied report could be stored nowhere
 };
 
 // Sets lastSend to now and hands the frame to the channel. On success the

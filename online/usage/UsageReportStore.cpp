@@ -12,7 +12,6 @@
 namespace kvt1::usage {
 namespace {
 
-
 // True unless the file at path exists and cannot be opened for writing.
 bool writable(const std::wstring& path) {
   if (!platform::fileExists(path)) return true;
@@ -56,8 +55,6 @@ bool readReportFileBytes(std::string_view bytes, Hv::CHvUsageReport& report) {
                                                    : readReportFileText(bytes, report);
 }
 
-
-
 ReportLoad UsageReportStore::Load(const std::wstring& path, Hv::CHvUsageReport& report) const {
   if (!platform::fileExists(path)) return ReportLoad::Missing;
   std::string bytes;
@@ -83,8 +80,8 @@ bool UsageReportStore::Save(const std::wstring& path, const Hv::CHvUsageReport& 
 
 std::wstring UsageReportStore::KeepAside(const std::wstring& path) const {
   for (int attempt = 1; attempt < 100; ++attempt) {
-    const std::wstring aside = path + (attempt == 1 ? std::wstring(L".unreadable")
-                                                    : platform::formatWide(L".unreadable-%d", attempt));
+    const std::wstring aside =
+        path + (attempt == 1 ? std::wstring(L".unreadable") : platform::formatWide(L".unreadable-%d", attempt));
     if (platform::renameWithoutReplace(path, aside)) return aside;
   }
   return std::wstring();

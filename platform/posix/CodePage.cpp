@@ -19,20 +19,34 @@ namespace {
 // The iconv name of a Windows code page number.
 std::string iconvName(unsigned codePage) {
   switch (codePage) {
-    case kCodePageUtf8: return "UTF-8";
-    case 1200: return "UTF-16LE";
-    case 1201: return "UTF-16BE";
-    case 12000: return "UTF-32LE";
-    case 12001: return "UTF-32BE";
-    case 20127: return "ASCII";
-    case 20866: return "KOI8-R";
-    case 21866: return "KOI8-U";
-    case 936: return "GBK";
-    case 950: return "BIG5";
-    case 54936: return "GB18030";
-    case 51932: return "EUC-JP";
-    case 51949: return "EUC-KR";
-    default: break;
+    case kCodePageUtf8:
+      return "UTF-8";
+    case 1200:
+      return "UTF-16LE";
+    case 1201:
+      return "UTF-16BE";
+    case 12000:
+      return "UTF-32LE";
+    case 12001:
+      return "UTF-32BE";
+    case 20127:
+      return "ASCII";
+    case 20866:
+      return "KOI8-R";
+    case 21866:
+      return "KOI8-U";
+    case 936:
+      return "GBK";
+    case 950:
+      return "BIG5";
+    case 54936:
+      return "GB18030";
+    case 51932:
+      return "EUC-JP";
+    case 51949:
+      return "EUC-KR";
+    default:
+      break;
   }
   if (codePage >= 28591 && codePage <= 28606) return "ISO-8859-" + std::to_string(codePage - 28590);
   return "CP" + std::to_string(codePage);
@@ -85,8 +99,8 @@ bool convert(const std::string& from, const std::string& to, std::string_view in
   for (;;) {
     char* out = buffer.data();
     std::size_t outLeft = buffer.size();
-    const std::size_t result = inLeft > 0 ? iconv(cd, &in, &inLeft, &out, &outLeft)
-                                          : iconv(cd, nullptr, nullptr, &out, &outLeft);
+    const std::size_t result =
+        inLeft > 0 ? iconv(cd, &in, &inLeft, &out, &outLeft) : iconv(cd, nullptr, nullptr, &out, &outLeft);
     const int error = errno;
     output.append(buffer.data(), buffer.size() - outLeft);
     if (inLeft == 0 && result != static_cast<std::size_t>(-1)) break;
@@ -112,9 +126,7 @@ unsigned ansiCodePage() {
   return configuredOnce;
 }
 
-bool isCodePageSupported(unsigned codePage) {
-  return descriptor(iconvName(codePage), "UTF-8") != kNoDescriptor;
-}
+bool isCodePageSupported(unsigned codePage) { return descriptor(iconvName(codePage), "UTF-8") != kNoDescriptor; }
 
 bool bytesToWide(unsigned codePage, std::string_view bytes, std::wstring& out) {
   std::string utf8;

@@ -3,8 +3,8 @@
 #include <dlfcn.h>
 #include <link.h>
 
-#include "platform/posix/NativePath.h"
 #include "platform/Unicode.h"
+#include "platform/posix/NativePath.h"
 
 namespace kvt1::platform {
 
@@ -24,9 +24,7 @@ void DynamicLibrary::keepLoaded(const std::wstring& fileName) {
   dlopen(nativePath(fileName).c_str(), RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
 }
 
-void* DynamicLibrary::symbol(const char* name) const {
-  return handle_ ? dlsym(handle_, name) : nullptr;
-}
+void* DynamicLibrary::symbol(const char* name) const { return handle_ ? dlsym(handle_, name) : nullptr; }
 
 void* DynamicLibrary::image() const {
   link_map* map = nullptr;

@@ -154,8 +154,9 @@ void HeadlessDesktop::dropCalls(const void* owner) {
     calls_.erase(std::remove_if(calls_.begin(), calls_.end(), [owner](const Call& c) { return c.owner == owner; }),
                  calls_.end());
   }
-  queue_.erase(std::remove_if(queue_.begin(), queue_.end(), [owner](const Message& m) { return m.call && m.owner == owner; }),
-               queue_.end());
+  queue_.erase(
+      std::remove_if(queue_.begin(), queue_.end(), [owner](const Message& m) { return m.call && m.owner == owner; }),
+      queue_.end());
 }
 
 bool HeadlessDesktop::waitForCall(unsigned milliseconds) {

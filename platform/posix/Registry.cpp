@@ -82,13 +82,11 @@ long RegistryKey::openSubKey(const std::wstring& path, RegistryAccess access, Re
   return kRegSuccess;
 }
 
-long RegistryKey::createSubKey(const std::wstring& path, RegistryAccess access, RegistryKey& out,
-                               bool* created) const {
+long RegistryKey::createSubKey(const std::wstring& path, RegistryAccess access, RegistryKey& out, bool* created) const {
   const OpenKey* key = keyOf(handle_);
   if (key == nullptr) return kRegInvalidHandle;
   const RegistryPath sub = splitRegistryPath(path);
-  const long result =
-      createBelow(key->root, key->path, sub, access, key->access == RegistryAccess::Full, created);
+  const long result = createBelow(key->root, key->path, sub, access, key->access == RegistryAccess::Full, created);
   if (result != kRegSuccess) return result;
   out.close();
   out.handle_ = new OpenKey{key->root, joined(key->path, sub), access};

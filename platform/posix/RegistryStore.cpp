@@ -97,7 +97,8 @@ long RegistryStore::write(RegistryRoot root, const std::function<long(RegistryNo
     return kRegAccessDenied;
   }
   RegistryFileStamp stamp;
-  const int failure = replaceRegistryFile(filePathLocked(root), writeRegFile(sectionsOf(state.keys, rootName(root))), stamp);
+  const int failure =
+      replaceRegistryFile(filePathLocked(root), writeRegFile(sectionsOf(state.keys, rootName(root))), stamp);
   if (failure != 0) {
     state.keys = std::move(before);
     return failure == EACCES || failure == EPERM || failure == EROFS ? kRegAccessDenied : kRegIoFailed;

@@ -8,10 +8,9 @@ namespace kvt1::platform {
 namespace {
 
 std::vector<RegistryNode>::iterator lowerChild(RegistryNode& node, const std::wstring& name) {
-  return std::lower_bound(node.children.begin(), node.children.end(), name,
-                          [](const RegistryNode& child, const std::wstring& key) {
-                            return lessIgnoringCase(child.name, key);
-                          });
+  return std::lower_bound(
+      node.children.begin(), node.children.end(), name,
+      [](const RegistryNode& child, const std::wstring& key) { return lessIgnoringCase(child.name, key); });
 }
 
 RegistryNode* findChild(RegistryNode& node, const std::wstring& name) {

@@ -28,8 +28,8 @@ bool wideToBytes(unsigned codePage, std::wstring_view text, std::string& out) {
   // UTF-8 and UTF-7 take no default character; they lose nothing but lone surrogates.
   const bool unicodePage = codePage == CP_UTF8 || codePage == CP_UTF7;
   BOOL usedDefault = FALSE;
-  const int length = WideCharToMultiByte(codePage, 0, text.data(), size, nullptr, 0, nullptr,
-                                         unicodePage ? nullptr : &usedDefault);
+  const int length =
+      WideCharToMultiByte(codePage, 0, text.data(), size, nullptr, 0, nullptr, unicodePage ? nullptr : &usedDefault);
   if (length <= 0) return false;
   out.resize(static_cast<std::size_t>(length));
   WideCharToMultiByte(codePage, 0, text.data(), size, out.data(), length, unicodePage ? nullptr : "?",

@@ -16,9 +16,9 @@ bool lockWhole(HANDLE file) {
 }  // namespace
 
 std::optional<FileLock> FileLock::acquire(const std::wstring& path, unsigned timeoutMs) {
-  const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE,
-                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE file =
+      CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                  nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return std::nullopt;
   // Locks belong to the handle, so two openings in one process exclude each other too.
   for (unsigned waited = 0;; waited += kRetryMs) {

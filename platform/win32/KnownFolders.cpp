@@ -1,6 +1,7 @@
 #include "platform/KnownFolders.h"
 
 #include <windows.h>
+
 #include <shlobj.h>
 
 namespace kvt1::platform {

@@ -55,7 +55,8 @@ MainThreadCalls::MainThreadCalls() : queue_(std::make_shared<Queue>()) {
   RegisterClassExW(&windowClass);
   queue_->window =
       CreateWindowExW(0, kWindowClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, moduleInstance(), nullptr);
-  if (queue_->window != nullptr) SetWindowLongPtrW(queue_->window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(queue_.get()));
+  if (queue_->window != nullptr)
+    SetWindowLongPtrW(queue_->window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(queue_.get()));
 }
 
 MainThreadCalls::~MainThreadCalls() {

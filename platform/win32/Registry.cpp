@@ -36,8 +36,8 @@ long openIn(HKEY parent, const std::wstring& path, RegistryAccess access, void*&
 long createIn(HKEY parent, const std::wstring& path, RegistryAccess access, void*& handle, bool* created) {
   HKEY key = nullptr;
   DWORD disposition = 0;
-  const LONG result = RegCreateKeyExW(parent, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, samOf(access),
-                                      nullptr, &key, &disposition);
+  const LONG result = RegCreateKeyExW(parent, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, samOf(access), nullptr,
+                                      &key, &disposition);
   if (created != nullptr) *created = result == ERROR_SUCCESS && disposition == REG_CREATED_NEW_KEY;
   if (result == ERROR_SUCCESS) handle = key;
   return result;
@@ -68,8 +68,7 @@ long RegistryKey::openSubKey(const std::wstring& path, RegistryAccess access, Re
   return result;
 }
 
-long RegistryKey::createSubKey(const std::wstring& path, RegistryAccess access, RegistryKey& out,
-                               bool* created) const {
+long RegistryKey::createSubKey(const std::wstring& path, RegistryAccess access, RegistryKey& out, bool* created) const {
   if (handle_ == nullptr) return kRegInvalidHandle;
   RegistryKey key;
   const long result = createIn(hkeyOf(handle_), path, access, key.handle_, created);
@@ -107,8 +106,8 @@ long RegistryKey::enumSubKey(std::uint32_t index, std::wstring& name) const {
 long RegistryKey::subKeyCount(std::uint32_t& count) const {
   if (handle_ == nullptr) return kRegInvalidHandle;
   DWORD subKeys = 0;
-  const LONG result = RegQueryInfoKeyW(hkeyOf(handle_), nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr,
-                                       nullptr, nullptr, nullptr, nullptr, nullptr);
+  const LONG result = RegQueryInfoKeyW(hkeyOf(handle_), nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr, nullptr,
+                                       nullptr, nullptr, nullptr, nullptr);
   if (result == ERROR_SUCCESS) count = subKeys;
   return result;
 }

@@ -5,9 +5,7 @@
 namespace kvt1::platform {
 namespace {
 
-LPCWSTR idOf(const ResourceId& id) {
-  return id.isNumber() ? MAKEINTRESOURCEW(id.number()) : id.name().c_str();
-}
+LPCWSTR idOf(const ResourceId& id) { return id.isNumber() ? MAKEINTRESOURCEW(id.number()) : id.name().c_str(); }
 
 }  // namespace
 

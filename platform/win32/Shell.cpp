@@ -1,6 +1,7 @@
 #include "platform/Shell.h"
 
 #include <windows.h>
+
 #include <shellapi.h>
 
 #include "platform/HeadlessHost.h"
@@ -12,8 +13,8 @@ bool shellOpen(const std::wstring& target, int showCommand) {
     return open(target.c_str(), showCommand);
   }
   // Values above 32 mean success.
-  const auto result = reinterpret_cast<INT_PTR>(
-      ShellExecuteW(nullptr, L"open", target.c_str(), nullptr, nullptr, showCommand));
+  const auto result =
+      reinterpret_cast<INT_PTR>(ShellExecuteW(nullptr, L"open", target.c_str(), nullptr, nullptr, showCommand));
   return result > 32;
 }
 

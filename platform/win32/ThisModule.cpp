@@ -12,8 +12,8 @@ void* thisModuleHandle() { return &__ImageBase; }
 std::wstring thisModulePath() {
   std::wstring path(MAX_PATH, L'\0');
   for (;;) {
-    const DWORD length = GetModuleFileNameW(static_cast<HMODULE>(thisModuleHandle()), path.data(),
-                                            static_cast<DWORD>(path.size()));
+    const DWORD length =
+        GetModuleFileNameW(static_cast<HMODULE>(thisModuleHandle()), path.data(), static_cast<DWORD>(path.size()));
     if (length == 0) return std::wstring();
     if (length < path.size()) {
       path.resize(length);

@@ -69,7 +69,8 @@ TestInstallation::TestInstallation(bool machineKey, const std::wstring& dataFold
     platform::RegistryKey::create(platform::RegistryRoot::LocalMachine, productKeyPath(),
                                   platform::RegistryAccess::Full, key);
     for (const auto& [name, value] : values) {
-      key.setValue(name, platform::kRegSz, value.c_str(), static_cast<std::uint32_t>((value.size() + 1) * sizeof(wchar_t)));
+      key.setValue(name, platform::kRegSz, value.c_str(),
+                   static_cast<std::uint32_t>((value.size() + 1) * sizeof(wchar_t)));
     }
   }
 #else
@@ -79,8 +80,8 @@ TestInstallation::TestInstallation(bool machineKey, const std::wstring& dataFold
   setenv("XDG_DATA_HOME", appData.c_str(), 1);
   if (machineKey) {
     // Key names are not escaped in regedit files; values are.
-    std::string reg = "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_LOCAL_MACHINE\\" + platform::toUtf8(productKeyPath()) +
-          "]\r\n";
+    std::string reg = "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_LOCAL_MACHINE\\" +
+                      platform::toUtf8(productKeyPath()) + "]\r\n";
     for (const auto& [name, value] : values) reg += "\"" + regString(name) + "\"=\"" + regString(value) + "\"\r\n";
     writeFile(L"registry\\HKEY_LOCAL_MACHINE.reg", reg);
   }

@@ -75,7 +75,8 @@ TEST_F(HttpClientLibrary, WideCallsCountCharactersNotBytes) {
 
 TEST_F(HttpClientLibrary, NoMemoryLeavesTheLibraryWithoutStatus200) {
   const std::wstring wideUrl(url.begin(), url.end());
-  for (ServiceMode mode : {ServiceMode::NoContent, ServiceMode::ServerError, ServiceMode::Oversized, ServiceMode::Close}) {
+  for (ServiceMode mode :
+       {ServiceMode::NoContent, ServiceMode::ServerError, ServiceMode::Oversized, ServiceMode::Close}) {
     service.setMode(mode);
     std::int32_t status = -7;
     wchar_t* response = nullptr;

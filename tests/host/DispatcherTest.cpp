@@ -7,8 +7,8 @@
 #include "host/LispServices.h"
 #include "online/CHvAutomaticUpdateManager.h"
 #include "settings/CHelpTopicMap.h"
-#include "settings/SettingsStore.h"
 #include "settings/ProductKey.h"
+#include "settings/SettingsStore.h"
 #include "tests/common/HeadlessRecorder.h"
 #include "tests/common/TestInstallation.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
@@ -117,7 +117,7 @@ TEST_F(Dispatcher, UpdateSwitchKeysAndValuesReadAsNumbersAndAreStoredForTheUser)
   const auto set = [this](const wchar_t* key, const wchar_t* value) {
     return call(L"kvt1_SetSettings", {str(key), str(value)});
   };
-  EXPECT_EQ(get(L"120"), L"\"0\"");  // no "##": number 0, whatever the switch
+  EXPECT_EQ(get(L"120"), L"\"0\"");          // no "##": number 0, whatever the switch
   EXPECT_EQ(set(L"##120", L"yes"), L"(0)");  // no digits: 0 switches off
   EXPECT_EQ(get(L"##120"), L"\"0\"");
   loadUpdateSettings();

@@ -29,12 +29,12 @@ TEST_F(CHTMDialogTest, APageOpensWithItsTagsFilledAndOkEndsTheModalRunWithOne) {
   bool waitBoxInPage = true;
   platform::WindowRect rect;
   ScriptedDialog dialog(L"HTM_DLG_TEST", {[&](ScriptedDialog& d) {
-                                           greeting = d.ElementById(L"greeting").GetText();
-                                           unknown = d.ElementById(L"unknown").GetText();
-                                           waitBoxInPage = d.ElementById(L"ID#WaitBOX").IsValid();
-                                           rect = platform::windowRect(d.GetHwnd());
-                                         },
-                                         [&](ScriptedDialog& d) { click(d, L"btnOk"); }});
+                                            greeting = d.ElementById(L"greeting").GetText();
+                                            unknown = d.ElementById(L"unknown").GetText();
+                                            waitBoxInPage = d.ElementById(L"ID#WaitBOX").IsValid();
+                                            rect = platform::windowRect(d.GetHwnd());
+                                          },
+                                          [&](ScriptedDialog& d) { click(d, L"btnOk"); }});
   EXPECT_EQ(dialog.DoModal(), 1);
   EXPECT_FALSE(platform::isWindow(dialog.GetHwnd()));
   EXPECT_EQ(greeting, L"Hello from KVT");
@@ -53,8 +53,8 @@ TEST_F(CHTMDialogTest, APageOpensWithItsTagsFilledAndOkEndsTheModalRunWithOne) {
 TEST_F(CHTMDialogTest, OtherButtonsGoToTheSubclassAndTheDialogStaysOpen) {
   bool openAfterRetry = false;
   ScriptedDialog dialog(L"HTM_DLG_TEST", {[&](ScriptedDialog& d) { click(d, L"btnRetry"); },
-                                         [&](ScriptedDialog& d) { openAfterRetry = platform::isWindow(d.GetHwnd()); },
-                                         [&](ScriptedDialog& d) { click(d, L"btnMain"); }});
+                                          [&](ScriptedDialog& d) { openAfterRetry = platform::isWindow(d.GetHwnd()); },
+                                          [&](ScriptedDialog& d) { click(d, L"btnMain"); }});
   EXPECT_EQ(dialog.DoModal(), 2);  // the main click keeps the result
   EXPECT_TRUE(openAfterRetry);
   EXPECT_EQ(dialog.clicks, std::vector<std::wstring>{L"btnRetry"});
@@ -65,10 +65,10 @@ TEST_F(CHTMDialogTest, TheEngineLetsThePageGoWithItsWindow) {
   HWND window = nullptr;
   CHTMElement kept;
   ScriptedDialog dialog(L"HTM_DLG_TEST", {[&](ScriptedDialog& d) {
-                                           window = d.GetHwnd();
-                                           kept = d.ElementById(L"greeting");
-                                         },
-                                         [&](ScriptedDialog& d) { click(d, L"btnOk"); }});
+                                            window = d.GetHwnd();
+                                            kept = d.ElementById(L"greeting");
+                                          },
+                                          [&](ScriptedDialog& d) { click(d, L"btnOk"); }});
   EXPECT_EQ(dialog.DoModal(), 1);
   HELEMENT root = nullptr;
   EXPECT_EQ(engine_.GetRootElement(window, &root), HLDOM_INVALID_HWND);
@@ -81,14 +81,14 @@ TEST_F(CHTMDialogTest, TheEngineLetsThePageGoWithItsWindow) {
 TEST_F(CHTMDialogTest, AMonitorThatSaysNoConsumesTheClick) {
   bool openAfterOk = false;
   ScriptedDialog dialog(L"HTM_DLG_TEST", {[&](ScriptedDialog& d) {
-                                           d.consumeClicks = true;
-                                           click(d, L"btnOk");
-                                         },
-                                         [&](ScriptedDialog& d) {
-                                           openAfterOk = platform::isWindow(d.GetHwnd());
-                                           d.consumeClicks = false;
-                                           click(d, L"btnCancel");
-                                         }});
+                                            d.consumeClicks = true;
+                                            click(d, L"btnOk");
+                                          },
+                                          [&](ScriptedDialog& d) {
+                                            openAfterOk = platform::isWindow(d.GetHwnd());
+                                            d.consumeClicks = false;
+                                            click(d, L"btnCancel");
+                                          }});
   EXPECT_EQ(dialog.DoModal(), 2);
   EXPECT_TRUE(openAfterOk);
   EXPECT_EQ(dialog.monitored, (std::vector<std::wstring>{L"OK", L"CANCEL"}));
@@ -97,7 +97,7 @@ TEST_F(CHTMDialogTest, AMonitorThatSaysNoConsumesTheClick) {
 TEST_F(CHTMDialogTest, APageWithTheNoMonitorMarkerNeverAsksTheHookAndIsKeptOnScreen) {
   platform::WindowRect rect;
   ScriptedDialog dialog(L"HTM_DLG_QUIET", {[&](ScriptedDialog& d) { rect = platform::windowRect(d.GetHwnd()); },
-                                          [&](ScriptedDialog& d) { click(d, L"btnOk"); }});
+                                           [&](ScriptedDialog& d) { click(d, L"btnOk"); }});
   EXPECT_EQ(dialog.DoModal(), 1);
   EXPECT_TRUE(dialog.monitored.empty());
   EXPECT_EQ(dialog.Style(), 0x80CC0000u);  // resizeable wins over splash
@@ -154,7 +154,7 @@ TEST_F(CHTMDialogTest, ABodyMadeResizeableGetsASizingFrameAndIsSizedWithinItsLim
 TEST_F(CHTMDialogTest, HyperlinksOpenWithTheShell) {
   headless() = {};
   ScriptedDialog dialog(L"HTM_DLG_TEST", {[&](ScriptedDialog& d) { click(d, L"link"); },
-                                         [&](ScriptedDialog& d) { click(d, L"btnCancel"); }});
+                                          [&](ScriptedDialog& d) { click(d, L"btnCancel"); }});
   EXPECT_EQ(dialog.DoModal(), 2);
   EXPECT_EQ(headless().shellOpened, std::vector<std::wstring>{L"https://www.halvorn.aero/support/kvt"});
 }
@@ -163,19 +163,19 @@ TEST_F(CHTMDialogTest, TheWaitBoxIsInsertedAndTakenOutAgain) {
   bool shown = false;
   bool hidden = true;
   ScriptedDialog dialog(L"HTM_DLG_TEST", {[&](ScriptedDialog& d) {
-                                           d.ShowWaitBox(true);
-                                           shown = d.ElementById(L"ID#WaitBOX").IsValid();
-                                           d.ShowWaitBox(false);
-                                           hidden = !d.ElementById(L"ID#WaitBOX").IsValid();
-                                           d.ShowShim(true, 10, -1);
-                                         },
-                                         [&](ScriptedDialog& d) {
-                                           const CHTMElement shim = d.Body().Child(0);
-                                           EXPECT_EQ(shim.GetAttribute("class"), L"ShimColor");
-                                           EXPECT_EQ(shim.GetStyle("margin-top"), L"10");
-                                           EXPECT_EQ(shim.GetStyle("margin-left"), L"");
-                                           click(d, L"btnOk");
-                                         }});
+                                            d.ShowWaitBox(true);
+                                            shown = d.ElementById(L"ID#WaitBOX").IsValid();
+                                            d.ShowWaitBox(false);
+                                            hidden = !d.ElementById(L"ID#WaitBOX").IsValid();
+                                            d.ShowShim(true, 10, -1);
+                                          },
+                                          [&](ScriptedDialog& d) {
+                                            const CHTMElement shim = d.Body().Child(0);
+                                            EXPECT_EQ(shim.GetAttribute("class"), L"ShimColor");
+                                            EXPECT_EQ(shim.GetStyle("margin-top"), L"10");
+                                            EXPECT_EQ(shim.GetStyle("margin-left"), L"");
+                                            click(d, L"btnOk");
+                                          }});
   EXPECT_EQ(dialog.DoModal(), 1);
   EXPECT_TRUE(shown);
   EXPECT_TRUE(hidden);
@@ -200,7 +200,7 @@ TEST_F(CHTMDialogTest, TheOpenDialogRendersToAPictureThatIsNotBlank) {
   std::remove(path.c_str());
   bool rendered = false;
   ScriptedDialog dialog(L"HTM_DLG_TEST", {[&](ScriptedDialog& d) { rendered = engine_.renderPng(d.GetHwnd(), path); },
-                                         [&](ScriptedDialog& d) { click(d, L"btnOk"); }});
+                                          [&](ScriptedDialog& d) { click(d, L"btnOk"); }});
   EXPECT_EQ(dialog.DoModal(), 1);
   ASSERT_TRUE(rendered);
   cairo_surface_t* picture = cairo_image_surface_create_from_png(path.c_str());

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "tests/htmlui/TestDialogs.h"
 #include "tests/htmlui/ControlsDialog.h"
+#include "tests/htmlui/TestDialogs.h"
 #ifndef _WIN32
 #include "htmlui/engine/litehtml/LitehtmlLayout.h"
 #endif
@@ -45,20 +45,35 @@ TEST_F(CtrlStyleTest, EachSetterWritesItsStyleAndUndoesIt) {
     std::vector<std::pair<const char*, const wchar_t*>> style;  // after set
     std::vector<std::pair<const char*, const wchar_t*>> cleared;
   } cases[] = {
-      {"SetVisible", [](CHTMCtrl& c) { c.SetVisible(false); }, [](CHTMCtrl& c) { c.SetVisible(true); },
-       {{"visibility", L"hidden"}}, {{"visibility", L"visible"}}},
+      {"SetVisible",
+       [](CHTMCtrl& c) { c.SetVisible(false); },
+       [](CHTMCtrl& c) { c.SetVisible(true); },
+       {{"visibility", L"hidden"}},
+       {{"visibility", L"visible"}}},
       {"SetWidth", [](CHTMCtrl& c) { c.SetWidth(120); }, nullptr, {{"width", L"120px"}}, {}},
       {"SetHeight", [](CHTMCtrl& c) { c.SetHeight(40); }, nullptr, {{"height", L"40px"}}, {}},
       {"SetFontFamily", [](CHTMCtrl& c) { c.SetFontFamily(L"serif"); }, nullptr, {{"font-family", L"serif"}}, {}},
       {"SetFontSize", [](CHTMCtrl& c) { c.SetFontSize(L"14pt"); }, nullptr, {{"font-size", L"14pt"}}, {}},
-      {"SetWeight", [](CHTMCtrl& c) { c.SetWeight(L"bold"); }, [](CHTMCtrl& c) { c.SetWeight(L""); },
-       {{"font-weight", L"bold"}}, {{"font-weight", L"inherit"}}},
-      {"SetItalic", [](CHTMCtrl& c) { c.SetItalic(true); }, [](CHTMCtrl& c) { c.SetItalic(false); },
-       {{"font-style", L"italic"}}, {{"font-style", L"inherit"}}},
-      {"SetPositionAbsolute", [](CHTMCtrl& c) { c.SetPositionAbsolute(30); }, nullptr,
-       {{"position", L"absolute"}, {"left", L"30px"}}, {}},
-      {"SetPositionRelative", [](CHTMCtrl& c) { c.SetPositionRelative(-5); }, nullptr,
-       {{"position", L"relative"}, {"left", L"-5px"}}, {}},
+      {"SetWeight",
+       [](CHTMCtrl& c) { c.SetWeight(L"bold"); },
+       [](CHTMCtrl& c) { c.SetWeight(L""); },
+       {{"font-weight", L"bold"}},
+       {{"font-weight", L"inherit"}}},
+      {"SetItalic",
+       [](CHTMCtrl& c) { c.SetItalic(true); },
+       [](CHTMCtrl& c) { c.SetItalic(false); },
+       {{"font-style", L"italic"}},
+       {{"font-style", L"inherit"}}},
+      {"SetPositionAbsolute",
+       [](CHTMCtrl& c) { c.SetPositionAbsolute(30); },
+       nullptr,
+       {{"position", L"absolute"}, {"left", L"30px"}},
+       {}},
+      {"SetPositionRelative",
+       [](CHTMCtrl& c) { c.SetPositionRelative(-5); },
+       nullptr,
+       {{"position", L"relative"}, {"left", L"-5px"}},
+       {}},
   };
   dialog.RegisterControl(apply);
   ASSERT_TRUE(dialog.Create());
@@ -115,11 +130,8 @@ TEST_F(CtrlStyleTest, ModifyClassAddsAndRemovesOneWordAndKeepsTheOthers) {
     bool add;
     const wchar_t* classes;
   } steps[] = {
-      {L"bold", true, L"wide plain bold"},
-      {L"bold", true, L"wide plain bold"},
-      {L"plain", false, L"wide bold"},
-      {L"absent", false, L"wide bold"},
-      {L"", true, L"wide bold"},
+      {L"bold", true, L"wide plain bold"}, {L"bold", true, L"wide plain bold"}, {L"plain", false, L"wide bold"},
+      {L"absent", false, L"wide bold"},    {L"", true, L"wide bold"},
   };
   for (const auto& step : steps) {
     apply.ModifyClass(step.name, step.add);

@@ -119,26 +119,44 @@ TEST_F(MenuCtrlTest, ItemsRenderAsTheLibrarysMenuMarkup) {
   SHTMMenuItem* zoom = menu.AddItem(L"Zoom");
   SHTMMenuItem* in = menu.AddItem(L"In", zoom);
 
-  const std::wstring expected =
-      L"<menu><li  FPID='" + n(open) + L"' style='foreground-image:url(IMG_OPEN.IMAGES);'>Open&nbsp;file</li>"
-      L"<li  status='checked'  FPID='" + n(grid) + L"' >Grid</li>"
-      L"<li  type='color'  disabled  FPID='" + n(red) + L"' >Red</li>"
-      L"<li  status='checked'  FPID='" + n(blue) + L"' >Blue</li>"
-      L"<hr FPID='" + n(line) + L"' />"
-      L"<li  FPID='" + n(zoom) + L"' >Zoom<menu><li  FPID='" + n(in) + L"' >In</li></menu></li></menu>";
+  const std::wstring expected = L"<menu><li  FPID='" + n(open) +
+                                L"' style='foreground-image:url(IMG_OPEN.IMAGES);'>Open&nbsp;file</li>"
+                                L"<li  status='checked'  FPID='" +
+                                n(grid) +
+                                L"' >Grid</li>"
+                                L"<li  type='color'  disabled  FPID='" +
+                                n(red) +
+                                L"' >Red</li>"
+                                L"<li  status='checked'  FPID='" +
+                                n(blue) +
+                                L"' >Blue</li>"
+                                L"<hr FPID='" +
+                                n(line) +
+                                L"' />"
+                                L"<li  FPID='" +
+                                n(zoom) + L"' >Zoom<menu><li  FPID='" + n(in) + L"' >In</li></menu></li></menu>";
   EXPECT_EQ(RenderMenuLevel(menu.FirstItem()), expected);
 
   menu.Render();
   const std::string nbsp = "\xC2\xA0";
-  EXPECT_EQ(html(menu),
-            "<menu><li FPID=\"" + platform::toUtf8(n(open)) +
-                "\" style=\"foreground-image:url(IMG_OPEN.IMAGES);\">Open" + nbsp + "file</li>"
-                "<li status=\"checked\" FPID=\"" + platform::toUtf8(n(grid)) + "\">Grid</li>"
-                "<li type=\"color\" disabled=\"\" FPID=\"" + platform::toUtf8(n(red)) + "\">Red</li>"
-                "<li status=\"checked\" FPID=\"" + platform::toUtf8(n(blue)) + "\">Blue</li>"
-                "<hr FPID=\"" + platform::toUtf8(n(line)) + "\">"
-                "<li FPID=\"" + platform::toUtf8(n(zoom)) + "\">Zoom<menu><li FPID=\"" + platform::toUtf8(n(in)) +
-                "\">In</li></menu></li></menu>");
+  EXPECT_EQ(html(menu), "<menu><li FPID=\"" + platform::toUtf8(n(open)) +
+                            "\" style=\"foreground-image:url(IMG_OPEN.IMAGES);\">Open" + nbsp +
+                            "file</li>"
+                            "<li status=\"checked\" FPID=\"" +
+                            platform::toUtf8(n(grid)) +
+                            "\">Grid</li>"
+                            "<li type=\"color\" disabled=\"\" FPID=\"" +
+                            platform::toUtf8(n(red)) +
+                            "\">Red</li>"
+                            "<li status=\"checked\" FPID=\"" +
+                            platform::toUtf8(n(blue)) +
+                            "\">Blue</li>"
+                            "<hr FPID=\"" +
+                            platform::toUtf8(n(line)) +
+                            "\">"
+                            "<li FPID=\"" +
+                            platform::toUtf8(n(zoom)) + "\">Zoom<menu><li FPID=\"" + platform::toUtf8(n(in)) +
+                            "\">In</li></menu></li></menu>");
 
   // Only the colour item proper gets the recoloured icon.
   const CHTMElement redLi = menu.ItemElement(*red);
@@ -196,7 +214,7 @@ TEST_F(MenuCtrlTest, AChoiceComesBackAsItsItem) {
   ASSERT_TRUE(menu.ShowAt(POINT{20, 30}));
   EXPECT_TRUE(shown(menu.Element()));
 
-  engine_.click(menu.ItemElement(*off).Handle());  // disabled: no choice
+  engine_.click(menu.ItemElement(*off).Handle());   // disabled: no choice
   engine_.click(menu.ItemElement(*more).Handle());  // opens its sub-menu instead
   EXPECT_TRUE(dialog.choices.empty());
   EXPECT_TRUE(shown(menu.ItemElement(*more).SelectFirst(L"menu")));
@@ -318,8 +336,8 @@ TEST_F(MenuCtrlTest, AMenuButtonDropsItsMenuDownAtTheSideItsAlignmentNames) {
 }
 
 TEST_F(MenuCtrlTest, TheDialogFillsItsContextMenuForTheElementAndGetsTheCommand) {
-  dialog.entries = {{L"Edit surface", false, false, 101}, {L"-"}, {L"Show grid", true, false, 102},
-                    {L"Delete", false, true, 103}};
+  dialog.entries = {
+      {L"Edit surface", false, false, 101}, {L"-"}, {L"Show grid", true, false, 102}, {L"Delete", false, true, 103}};
   ASSERT_TRUE(dialog.Create());
   EXPECT_FALSE(dialog.ElementById(L"Menu#CHTMLDialog").IsValid());  // not before it is needed
   moveCursor(POINT{40, 15});

@@ -53,7 +53,8 @@ class PointerInputTest : public DialogTest {
   static Step pressOn(const std::wstring& selector, bool right = false) {
     return [selector, right](ScriptedDialog& d) {
       int x = 0, y = 0;
-      ASSERT_TRUE(middleOf(d.GetHwnd(), selector, x, y)) << "no visible " << std::string(selector.begin(), selector.end());
+      ASSERT_TRUE(middleOf(d.GetHwnd(), selector, x, y))
+          << "no visible " << std::string(selector.begin(), selector.end());
       const std::intptr_t at = (static_cast<std::intptr_t>(y) << 16) | (x & 0xFFFF);
       platform::postMessage(d.GetHwnd(), WM_MOUSEMOVE, 0, at);
       platform::postMessage(d.GetHwnd(), right ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, right ? 2 : 1, at);
@@ -76,29 +77,29 @@ TEST_F(PointerInputTest, APressOnAButtonEndsTheDialogWithItsResult) {
 
 TEST_F(PointerInputTest, APressBesideTheButtonsLeavesTheDialogOpen) {
   bool open = false;
-  ScriptedDialog dialog(L"HTM_DLG_POINTER", {pressOn(L"#note"),
-                                             [&](ScriptedDialog& d) { open = platform::isWindow(d.GetHwnd()); },
-                                             pressOn(L"#btnCancel")});
+  ScriptedDialog dialog(
+      L"HTM_DLG_POINTER",
+      {pressOn(L"#note"), [&](ScriptedDialog& d) { open = platform::isWindow(d.GetHwnd()); }, pressOn(L"#btnCancel")});
   EXPECT_EQ(dialog.DoModal(), 2);
   EXPECT_TRUE(open);
 }
 
 TEST_F(PointerInputTest, TypedCharactersReachTheTextBoxThePointerFocused) {
   std::wstring typed;
-  ScriptedDialog dialog(L"HTM_DLG_POINTER",
-                        {pressOn(L"#txtName"),
-                         [](ScriptedDialog& d) {
-                           for (wchar_t c : std::wstring(L"KVT 1")) platform::postMessage(d.GetHwnd(), WM_CHAR, c, 0);
-                         },
-                         [&](ScriptedDialog& d) { typed = d.ElementById(L"txtName").GetAttribute("value"); },
-                         pressOn(L"#btnOk")});
+  ScriptedDialog dialog(
+      L"HTM_DLG_POINTER",
+      {pressOn(L"#txtName"),
+       [](ScriptedDialog& d) {
+         for (wchar_t c : std::wstring(L"KVT 1")) platform::postMessage(d.GetHwnd(), WM_CHAR, c, 0);
+       },
+       [&](ScriptedDialog& d) { typed = d.ElementById(L"txtName").GetAttribute("value"); }, pressOn(L"#btnOk")});
   EXPECT_EQ(dialog.DoModal(), 1);
   EXPECT_EQ(typed, L"KVT 1");
 }
 
 TEST_F(PointerInputTest, AContextMenuItemChosenWithThePointerReachesTheOwner) {
-  MenuDialog dialog(L"HTM_DLG_POINTER", {pressOn(L"#note", true), pressOn(L"menu li:last-child"),
-                                         pressOn(L"#btnCancel")});
+  MenuDialog dialog(L"HTM_DLG_POINTER",
+                    {pressOn(L"#note", true), pressOn(L"menu li:last-child"), pressOn(L"#btnCancel")});
   EXPECT_EQ(dialog.DoModal(), 2);
   EXPECT_EQ(dialog.commands, std::vector<unsigned>{12});
 }

@@ -162,8 +162,9 @@ TEST_F(TabCtrlTest, AddingAtAPositionSwapsTheNewTabThereAndBeyondTheLastAppends)
 TEST_F(TabCtrlTest, WithHiddenPanelCreationNoPanelShowsUntilOneIsSelected) {
   created.SetCreatePanelsHidden(true);
   createTabs({L"One", L"Two"});
-  EXPECT_EQ(created.Panels().GetHtml(false),
-            "<div name=\"panel-id1\" style=\"display:none;\"></div><div name=\"panel-id2\" style=\"display:none;\"></div>");
+  EXPECT_EQ(
+      created.Panels().GetHtml(false),
+      "<div name=\"panel-id1\" style=\"display:none;\"></div><div name=\"panel-id2\" style=\"display:none;\"></div>");
   EXPECT_FALSE(visible(created.GetPanel(0)));
   EXPECT_FALSE(visible(created.GetPanel(1)));
   EXPECT_EQ(created.GetCurrentTab(), -1);
@@ -374,8 +375,8 @@ class TabStripScrollTest : public TabCtrlTest {
   // A pointer press and release in the middle of the scroll button.
   void clickButton(const wchar_t* type) {
     const RECT button = box(created.ScrollButtons().SelectFirst(std::wstring(L"[type='") + type + L"']"));
-    const std::intptr_t at = (static_cast<std::intptr_t>((button.top + button.bottom) / 2) << 16) |
-                             ((button.left + button.right) / 2);
+    const std::intptr_t at =
+        (static_cast<std::intptr_t>((button.top + button.bottom) / 2) << 16) | ((button.left + button.right) / 2);
     platform::sendMessage(dialog.GetHwnd(), WM_LBUTTONDOWN, 1, at);
     platform::sendMessage(dialog.GetHwnd(), WM_LBUTTONUP, 0, at);
   }
@@ -423,8 +424,8 @@ TEST_F(TabStripScrollTest, SelectingAHeaderOutOfViewScrollsItInAndRemovalsHideTh
   // A click lands on the header in view.
   const RECT header = box(created.GetHeader(5));
   HELEMENT hit = nullptr;
-  ASSERT_EQ(engine_.FindElement(dialog.GetHwnd(), POINT{(header.left + header.right) / 2, (header.top + header.bottom) / 2},
-                                &hit),
+  ASSERT_EQ(engine_.FindElement(dialog.GetHwnd(),
+                                POINT{(header.left + header.right) / 2, (header.top + header.bottom) / 2}, &hit),
             HLDOM_OK);
   EXPECT_EQ(hit, created.GetHeader(5).Handle());
 

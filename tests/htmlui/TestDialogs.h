@@ -21,8 +21,8 @@ class ScriptedDialog : public CHTMDialog {
   using Step = std::function<void(ScriptedDialog&)>;
   ScriptedDialog(const wchar_t* page, std::vector<Step> steps) : CHTMDialog(page, nullptr), steps_(std::move(steps)) {}
 
-  std::vector<std::wstring> clicks;    // ids given to the button hook
-  std::vector<std::wstring> monitored; // names offered to the monitoring hook
+  std::vector<std::wstring> clicks;     // ids given to the button hook
+  std::vector<std::wstring> monitored;  // names offered to the monitoring hook
   bool consumeClicks = false;
   int mainClicks = 0;
   bool dialogProperty = false;

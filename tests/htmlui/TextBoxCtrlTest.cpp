@@ -5,9 +5,9 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/Unicode.h"
 #include "platform/Resources.h"
 #include "platform/ThisModule.h"
+#include "platform/Unicode.h"
 #include "platform/Win32.h"
 #include "tests/htmlui/TestDialogs.h"
 #include "tests/htmlui/TextBoxDialog.h"
@@ -52,7 +52,9 @@ class TextBoxCtrlTest : public DialogTest {
   }
   CHTMElement panel() { return dialog.ElementById(CHTMTextBoxCtrl::kLimitsPanelId); }
   bool panelShown() { return (panel().GetState() & STATE_POPUP) != 0; }
-  std::wstring limit(const wchar_t* id) { return panel().SelectFirst(std::wstring(L"div[id='") + id + L"']").GetText(); }
+  std::wstring limit(const wchar_t* id) {
+    return panel().SelectFirst(std::wstring(L"div[id='") + id + L"']").GetText();
+  }
 
   // Declared before the dialog: they outlive its release of the page.
   CHTMTextBoxCtrl name{L"txtName"};
@@ -225,7 +227,7 @@ TEST_F(TextBoxCtrlTest, UpAndDownSpinByTheStepWithinTheLimits) {
   ASSERT_EQ(dialog.events.size(), 3u);
   EXPECT_DOUBLE_EQ(dialog.events[2].number, 22.0);
   EXPECT_FALSE(dialog.events[2].clamped);  // the spin keeps within the limits itself
-  press(VK_UP);  // at the limit: nothing changes, nothing is told
+  press(VK_UP);                            // at the limit: nothing changes, nothing is told
   EXPECT_EQ(dialog.events.size(), 3u);
   press(VK_DOWN);
   EXPECT_EQ(height.GetText(), L"17.0");

@@ -172,8 +172,8 @@ TEST_F(TooltipTest, EmptyTextsShowNothingAndDontHandleTooltipIsLeftToTheEngine) 
 TEST_F(TooltipTest, ElementsThatBelongToNothingGetNoTooltip) {
   create();
   EXPECT_FALSE(request(find(L"p.plain b")));
-  EXPECT_FALSE(request(find(L"#loose")));        // an id, but no control and no "cid"
-  EXPECT_FALSE(request(find(L"[FPID='9']")));   // an item the texts do not know
+  EXPECT_FALSE(request(find(L"#loose")));      // an id, but no control and no "cid"
+  EXPECT_FALSE(request(find(L"[FPID='9']")));  // an item the texts do not know
   EXPECT_FALSE(request(dialog.Root()));
   EXPECT_FALSE(request(dialog.Body()));
   rest(find(L"p.plain"));

@@ -16,8 +16,7 @@ const wchar_t kAnswer[] = L"before the NUL\0after the NUL";
 int g_outstanding = 0;
 }  // namespace
 
-TEST_EXPORT int TEST_CALL PerformGetW(const wchar_t*, std::int32_t* status, wchar_t** response,
-                                      std::int32_t* length) {
+TEST_EXPORT int TEST_CALL PerformGetW(const wchar_t*, std::int32_t* status, wchar_t** response, std::int32_t* length) {
   const std::size_t count = sizeof kAnswer / sizeof kAnswer[0];
   *response = new wchar_t[count];
   std::memcpy(*response, kAnswer, sizeof kAnswer);
@@ -28,7 +27,7 @@ TEST_EXPORT int TEST_CALL PerformGetW(const wchar_t*, std::int32_t* status, wcha
 }
 
 TEST_EXPORT void TEST_CALL FreeStringW(wchar_t** response) {
-  delete[] *response;
+  delete[] * response;
   *response = nullptr;
   --g_outstanding;
 }

@@ -167,7 +167,8 @@ TEST_F(HttpBridge, AnAbortEndsTheRunningRequestsAndClosesTheBridge) {
     std::wstring out;
     return bridge().PostJson(url("/UsageReportService/Upload"), L"{}", out);
   });
-  for (int i = 0; i < 1000 && service.requests().size() < 2; ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  for (int i = 0; i < 1000 && service.requests().size() < 2; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
   ASSERT_EQ(service.requests().size(), 2u);
 
   bridge().AbortTransfers();

@@ -25,9 +25,7 @@ class ModuleSession : public emu::EmulatorSession {
     setRegistryString(installation, RegistryRoot::LocalMachine, productKeyPath(), L"CheckUpdateUrl",
                       std::wstring(host.begin(), host.end()));
   }
-  void TearDown() override {
-    session.reset();
-  }
+  void TearDown() override { session.reset(); }
 
   // Loads the module; the host's idle that follows shows the start-up check's findings unless told not to wait.
   void start(bool idle = true) {
@@ -55,8 +53,7 @@ TEST_F(ModuleSession, ChecksAtStartUpAndOnRequest) {
   EXPECT_NE(output.find(kNotificationShown), std::wstring::npos) << platform::toUtf8(output);
   EXPECT_EQ(output.find(L"message box:"), std::wstring::npos);
 
-  EXPECT_EQ(run(L"(kvt1_SetSettings \"##120\" \"2\")\n"),
-            std::wstring(kNotificationShown) + L"(0)\n");
+  EXPECT_EQ(run(L"(kvt1_SetSettings \"##120\" \"2\")\n"), std::wstring(kNotificationShown) + L"(0)\n");
   EXPECT_EQ(service.requests().size(), 2u);
 
   service.setAnswer(kProductNumber, nothingJson());

@@ -4,9 +4,9 @@
 #include <cstdlib>
 
 #include "host/ModulePath.h"
-#include "settings/ProductKey.h"
 #include "platform/ThisModule.h"
 #include "platform/Unicode.h"
+#include "settings/ProductKey.h"
 
 #ifdef _WIN32
 #include <windows.h>

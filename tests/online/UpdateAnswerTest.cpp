@@ -65,11 +65,11 @@ TEST(UpdateAnswer, EachMissingOrMistypedMemberKeepsItsDefaultAlone) {
 }
 
 TEST(UpdateAnswer, BodiesOfTheWrongShapeGiveNothingAvailable) {
-  for (const std::string body : {
-           "", "not JSON", "<html></html>", "{\"CheckForUpdatesResult\":", "[1,2,3]", "42", "\"text\"",
-           "{\"CheckForUpdatesResult\":\"yes\"}", "{\"CheckForUpdatesResult\":{\"UpdateResult\":[true]}}",
-           "{\"Other\":{\"UpdateResult\":{\"UpdateAvailable\":true}}}",
-           "{\"CheckForUpdatesResult\":{\"UpdateResult\":{\"UpdateAvailable\":true}}} trailing"}) {
+  for (const std::string body :
+       {"", "not JSON", "<html></html>", "{\"CheckForUpdatesResult\":", "[1,2,3]", "42", "\"text\"",
+        "{\"CheckForUpdatesResult\":\"yes\"}", "{\"CheckForUpdatesResult\":{\"UpdateResult\":[true]}}",
+        "{\"Other\":{\"UpdateResult\":{\"UpdateAvailable\":true}}}",
+        "{\"CheckForUpdatesResult\":{\"UpdateResult\":{\"UpdateAvailable\":true}}} trailing"}) {
     SCOPED_TRACE(body);
     expectNothing(parse(body));
   }

@@ -177,8 +177,9 @@ TEST_F(UpdateCheck, EveryFailureDegradesToNothingAvailable) {
     EXPECT_FALSE(run(true)) << static_cast<int>(mode);
   }
   service.setMode(ServiceMode::Answer);
-  for (const char* body : {"[]", "{\"CheckForUpdatesResult\":[1]}",
-                           "{\"CheckForUpdatesResult\":{\"UpdateResult\":{\"UpdateAvailable\":\"yes\",\"UpdateActive\":1}}}"}) {
+  for (const char* body :
+       {"[]", "{\"CheckForUpdatesResult\":[1]}",
+        "{\"CheckForUpdatesResult\":{\"UpdateResult\":{\"UpdateAvailable\":\"yes\",\"UpdateActive\":1}}}"}) {
     service.setAnswer(kProduct, body);
     EXPECT_FALSE(run(true)) << body;
   }
@@ -198,8 +199,9 @@ TEST_F(UpdateCheck, LinksOpenOnlyWhenTheyAreWebAddresses) {
   ASSERT_TRUE(run(true, true));
   presenter.ViewUpdate();
   presenter.ViewUpgrade();
-  EXPECT_EQ(desktop, L"shell open: https://www.halvorn.aero/kvt/sp1 (show 1)\n"
-                     L"shell open: HTTP://maps.example/kvt2 (show 1)\n");
+  EXPECT_EQ(desktop,
+            L"shell open: https://www.halvorn.aero/kvt/sp1 (show 1)\n"
+            L"shell open: HTTP://maps.example/kvt2 (show 1)\n");
 
   desktop.clear();
   ASSERT_TRUE(run(true, false));  // the upgrade has a plain link, though not a web one

@@ -19,11 +19,11 @@
 #include "platform/Resources.h"
 #include "platform/ThisModule.h"
 #include "settings/ProductKey.h"
-#include "text/MessageDescription.h"
-#include "text/TextResources.h"
 #include "tests/common/HeadlessRecorder.h"
 #include "tests/common/TestInstallation.h"
 #include "tests/online/OnlineTestSupport.h"
+#include "text/MessageDescription.h"
+#include "text/TextResources.h"
 #include "tools/kvt1-update-service/UpdateService.h"
 
 #ifdef _WIN32
@@ -119,8 +119,8 @@ class UpdateDialog : public ::testing::Test {
       seen.closeMargin = dialog.ElementById(L"btnClose").GetStyle("margin-left");
       seen.checked = dialog.IsAutoCheckChecked();
       seen.height = dialog.ComputedHeight();
-      const platform::WindowRect frame = platform::adjustWindowRectForStyle(
-          platform::WindowRect{0, 0, 100, 100}, dialog.Style(), dialog.ExStyle());
+      const platform::WindowRect frame =
+          platform::adjustWindowRectForStyle(platform::WindowRect{0, 0, 100, 100}, dialog.Style(), dialog.ExStyle());
       seen.clientHeight = platform::windowRect(dialog.GetHwnd()).height() - (frame.height() - 100);
     };
   }
@@ -272,20 +272,18 @@ TEST_F(UpdateDialog, ControlCharactersInANameNeverCutThePage) {
   service.setAnswer(kProduct, updateOnlyJson(update));
   Seen seen;
   std::vector<std::wstring> hidden;
-  ASSERT_TRUE(run(false, {look(seen),
-                          [&hidden](CHTMCheckForUpdateDlg& dialog) {
-                            for (const wchar_t* selector : {L"#btnViewUpdate", L"#chkAutoCheckForUpdates input",
-                                                            L"#btnDismiss", L"#btnClose"}) {
-                              int x = 0, y = 0;
-                              if (!middleOf(dialog.GetHwnd(), selector, x, y)) hidden.push_back(selector);
-                            }
-                          },
-                          pressOn(L"#btnViewUpdate"), pressOn(L"#chkAutoCheckForUpdates input"),
-                          pressOn(L"#btnClose"),
-                          // Reached only when the press on "Close" did not close the dialog.
-                          [](CHTMCheckForUpdateDlg& dialog) {
-                            platform::postMessage(dialog.GetHwnd(), WM_CLOSE, 0, 0);
-                          }}));
+  ASSERT_TRUE(
+      run(false, {look(seen),
+                  [&hidden](CHTMCheckForUpdateDlg& dialog) {
+                    for (const wchar_t* selector :
+                         {L"#btnViewUpdate", L"#chkAutoCheckForUpdates input", L"#btnDismiss", L"#btnClose"}) {
+                      int x = 0, y = 0;
+                      if (!middleOf(dialog.GetHwnd(), selector, x, y)) hidden.push_back(selector);
+                    }
+                  },
+                  pressOn(L"#btnViewUpdate"), pressOn(L"#chkAutoCheckForUpdates input"), pressOn(L"#btnClose"),
+                  // Reached only when the press on "Close" did not close the dialog.
+                  [](CHTMCheckForUpdateDlg& dialog) { platform::postMessage(dialog.GetHwnd(), WM_CLOSE, 0, 0); }}));
   EXPECT_EQ(seen.updateName, L"SP1x[2Jend");
   EXPECT_TRUE(hidden.empty()) << hidden.size();
   EXPECT_EQ(next, 5u);
@@ -298,14 +296,14 @@ TEST_F(UpdateDialog, ControlCharactersInANameNeverCutThePage) {
 TEST_F(UpdateDialog, DismissingAsksAndOnlyYesStoresTheTime) {
   service.setAnswer(kProduct, answerJson({}, {}));
   headless().answers = {platform::kIdNo, platform::kIdYes};
-  ASSERT_TRUE(run(false, {press(L"btnDismiss"), [this](CHTMCheckForUpdateDlg&) {
+  ASSERT_TRUE(run(false, {press(L"btnDismiss"),
+                          [this](CHTMCheckForUpdateDlg&) {
                             // "No": the dialog is still up and nothing was stored.
                             EXPECT_EQ(storedDismissal(), 0);
                           },
                           press(L"btnDismiss")}));
   ASSERT_EQ(headless().messages.size(), 2u);
-  EXPECT_EQ(headless().messages[0],
-            L"KVT: Are you sure you do not want to see these updates again ?");
+  EXPECT_EQ(headless().messages[0], L"KVT: Are you sure you do not want to see these updates again ?");
   EXPECT_EQ(headless().messageTypes[0] & 0xF, unsigned{platform::kMbYesNo});
   EXPECT_EQ(storedDismissal(), kNow);
 

@@ -88,8 +88,8 @@ TEST_F(UpdateSettings, OnlyExactValuesOfTheRightTypeCount) {
 }
 
 TEST_F(UpdateSettings, UnreadableDismissalRecordsLeaveTheMapEmpty) {
-  for (const wchar_t* record : {L"not JSON", L"{\"Products\":[1,2,3],\"Times\":[1,0,2,0]}", L"",
-                                L"{\"Products\":[-5],\"Times\":[1,0]}"}) {
+  for (const wchar_t* record :
+       {L"not JSON", L"{\"Products\":[1,2,3],\"Times\":[1,0,2,0]}", L"", L"{\"Products\":[-5],\"Times\":[1,0]}"}) {
     setRegistryString(installation, RegistryRoot::CurrentUser, productKeyPath(), L"DismissedUpdates", record);
     EXPECT_TRUE(loaded().Dismissed().empty());
   }
@@ -128,8 +128,9 @@ TEST_F(UpdateSettings, TheRequestGoesToTheServiceHostUnlessOverridden) {
                 L"/AutomaticUpdateServiceLibrary/CheckForUpdates?product=30&version=1.1.0.1&language=ENG");
   setRegistryString(installation, RegistryRoot::LocalMachine, productKeyPath(), L"CheckUpdateUrl", L"localhost:81");
   manager.LoadSettings(productKeyPath());
-  EXPECT_EQ(manager.RequestUrl(75000, L"2.0", L"DEU"),
-            L"http://localhost:81/AutomaticUpdateServiceLibrary/CheckForUpdates?product=75000&version=2.0&language=DEU");
+  EXPECT_EQ(
+      manager.RequestUrl(75000, L"2.0", L"DEU"),
+      L"http://localhost:81/AutomaticUpdateServiceLibrary/CheckForUpdates?product=75000&version=2.0&language=DEU");
 }
 
 }  // namespace

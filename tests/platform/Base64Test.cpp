@@ -39,20 +39,13 @@ TEST(Base64, DecodesWhatTheAlphabetAllowsAndRefusesTheRest) {
     bool valid;
     std::string bytes;
   } cases[] = {
-      {"TWFuTWE=", true, "ManMa"},
-      {" TW\r\nFu\tTWE= ", true, "ManMa"},
-      {"TWE", true, "Ma"},
-      {"TQ", true, "M"},
-      {"TQ==", true, "M"},
-      {"", true, ""},
-      {"TW*u", false, ""},
-      {"TWE=TWFu", false, ""},
-      {"AB=C", false, ""},
-      {"TWFuT", false, ""},
-      {"TQ===", false, ""},
-      {"TWE==", false, ""},
-      {"TQ=", false, ""},
-      {"=", false, ""},
+      {"TWFuTWE=", true, "ManMa"}, {" TW\r\nFu\tTWE= ", true, "ManMa"},
+      {"TWE", true, "Ma"},         {"TQ", true, "M"},
+      {"TQ==", true, "M"},         {"", true, ""},
+      {"TW*u", false, ""},         {"TWE=TWFu", false, ""},
+      {"AB=C", false, ""},         {"TWFuT", false, ""},
+      {"TQ===", false, ""},        {"TWE==", false, ""},
+      {"TQ=", false, ""},          {"=", false, ""},
   };
   for (const auto& c : cases) {
     std::string decoded;

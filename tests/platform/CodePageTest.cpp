@@ -16,8 +16,13 @@ TEST(CodePage, ConvertsWindows1252BothWays) {
 
 TEST(CodePage, ReportsWhatWasLost) {
   std::wstring wide;
-  EXPECT_FALSE(bytesToWide(kCodePageUtf8, "a\xFF" "b", wide));
-  EXPECT_EQ(wide, L"a\uFFFD" L"b");
+  EXPECT_FALSE(bytesToWide(kCodePageUtf8,
+                           "a\xFF"
+                           "b",
+                           wide));
+  EXPECT_EQ(wide,
+            L"a\uFFFD"
+            L"b");
 
   std::string bytes;
   EXPECT_FALSE(wideToBytes(1252, L"x\u4e2dy\u0416z", bytes));

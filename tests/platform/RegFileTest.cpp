@@ -57,8 +57,7 @@ TEST(RegFile, WritesAsRegeditDoes) {
   RegSection section;
   section.path = L"HKEY_CURRENT_USER\\Software\\Halvorn Systems Test";
   section.values = {stringValue(L"Path", kRegSz, withNul(L"C:\\Program Files\\\"KVT1\"")),
-                    stringValue(L"", kRegSz, withNul(L"default")),
-                    bytesValue(L"Count", kRegDword, {0x2A, 0, 0, 0x80}),
+                    stringValue(L"", kRegSz, withNul(L"default")), bytesValue(L"Count", kRegDword, {0x2A, 0, 0, 0x80}),
                     bytesValue(L"Data", kRegBinary, {0x00, 0xFF, 0x10}),
                     stringValue(L"Expand", kRegExpandSz, withNul(L"%A%"))};
   RegSection empty;
@@ -146,11 +145,10 @@ TEST(RegFile, ReadsUtf8AndHandWrittenFiles) {
     ASSERT_TRUE(parseRegFile(file, sections, error)) << error.line << ": " << error.message;
     ASSERT_EQ(sections.size(), 1u);
     EXPECT_EQ(sections[0].line, 4u);
-    expectSameValues(sections[0].values,
-                     {stringValue(L"ProgramPath", kRegSz, withNul(L"C:\\Programme\\K\u00e4")),
-                      bytesValue(L"Level", kRegDword, {0x1F, 0, 0, 0}),
-                      bytesValue(L"Bytes", kRegBinary, {1, 2, 10, 0xFF}),
-                      stringValue(L"Escapes", kRegSz, withNul(L"a\nb\\q"))});
+    expectSameValues(sections[0].values, {stringValue(L"ProgramPath", kRegSz, withNul(L"C:\\Programme\\K\u00e4")),
+                                          bytesValue(L"Level", kRegDword, {0x1F, 0, 0, 0}),
+                                          bytesValue(L"Bytes", kRegBinary, {1, 2, 10, 0xFF}),
+                                          stringValue(L"Escapes", kRegSz, withNul(L"a\nb\\q"))});
   }
 }
 
@@ -163,7 +161,8 @@ struct BrokenFile {
 
 TEST(RegFile, BrokenFilesStopAtTheLineThatFails) {
   const std::string header = "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\A]\r\n\"x\"=dword:1\r\n";
-  const std::string full = utf16File(L"Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\A]\r\n@=\"v\"\r\n");
+  const std::string full =
+      utf16File(L"Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\A]\r\n@=\"v\"\r\n");
   const BrokenFile cases[] = {
       {"no header", "REGEDIT4\r\n[HKEY_CURRENT_USER\\A]\r\n", 1, 0},
       {"nothing at all", "", 1, 0},

@@ -86,10 +86,10 @@ TEST_F(RegistryTest, CreatesOpensAndReportsNewKeys) {
   EXPECT_FALSE(missing.isOpen());
 
   RegistryKey fromRoot;
-  EXPECT_EQ(RegistryKey::open(RegistryRoot::CurrentUser,
-                              std::wstring(kTestKeyParent) + L"\\registry_tests\\One\\Two\\Three",
-                              RegistryAccess::Read, fromRoot),
-            kRegSuccess);
+  EXPECT_EQ(
+      RegistryKey::open(RegistryRoot::CurrentUser, std::wstring(kTestKeyParent) + L"\\registry_tests\\One\\Two\\Three",
+                        RegistryAccess::Read, fromRoot),
+      kRegSuccess);
   EXPECT_EQ(RegistryKey::open(RegistryRoot::CurrentUser, L"Software\\Halvorn Systems Test\\nothing here",
                               RegistryAccess::Read, fromRoot),
             kRegFileNotFound);
@@ -274,8 +274,9 @@ TEST_F(RegistryTest, TypedReadsAnswerOnlyValuesOfTheirType) {
   ASSERT_EQ(base_.setValue(L"Short", kRegDword, bytes.data(), 2), kRegSuccess);
   ASSERT_EQ(base_.setValue(L"Empty", kRegBinary, nullptr, 0), kRegSuccess);
   const std::wstring withNul(L"two\0three", 10);
-  ASSERT_EQ(base_.setValue(L"Nul", kRegSz, withNul.data(), static_cast<std::uint32_t>(withNul.size() * sizeof(wchar_t))),
-            kRegSuccess);
+  ASSERT_EQ(
+      base_.setValue(L"Nul", kRegSz, withNul.data(), static_cast<std::uint32_t>(withNul.size() * sizeof(wchar_t))),
+      kRegSuccess);
 
   const struct {
     const wchar_t* name;
@@ -283,14 +284,10 @@ TEST_F(RegistryTest, TypedReadsAnswerOnlyValuesOfTheirType) {
     std::optional<std::wstring> text;
     std::optional<std::string> binary;
   } cases[] = {
-      {L"Number", 42u, std::nullopt, std::nullopt},
-      {L"Text", std::nullopt, L"one", std::nullopt},
-      {L"Expand", std::nullopt, std::nullopt, std::nullopt},
-      {L"Bytes", std::nullopt, std::nullopt, bytes},
-      {L"Short", std::nullopt, std::nullopt, std::nullopt},
-      {L"Empty", std::nullopt, std::nullopt, std::nullopt},
-      {L"Nul", std::nullopt, L"two", std::nullopt},
-      {L"Missing", std::nullopt, std::nullopt, std::nullopt},
+      {L"Number", 42u, std::nullopt, std::nullopt},          {L"Text", std::nullopt, L"one", std::nullopt},
+      {L"Expand", std::nullopt, std::nullopt, std::nullopt}, {L"Bytes", std::nullopt, std::nullopt, bytes},
+      {L"Short", std::nullopt, std::nullopt, std::nullopt},  {L"Empty", std::nullopt, std::nullopt, std::nullopt},
+      {L"Nul", std::nullopt, L"two", std::nullopt},          {L"Missing", std::nullopt, std::nullopt, std::nullopt},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(readDwordValue(base_, c.name), c.number) << c.name;

@@ -65,8 +65,7 @@ int runRegedit(const std::wstring& arguments) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
-  if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                      &process)) {
+  if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
     return -1;
   }
   DWORD code = static_cast<DWORD>(-1);
@@ -124,7 +123,7 @@ TEST_F(RegistryWineTest, RegeditExportsReadThroughOurParser) {
   for (const RegValue& value : values) {
     SCOPED_TRACE(toUtf8(value.name));
     const auto found = std::find_if(sections[0].values.begin(), sections[0].values.end(),
-                                     [&value](const RegValue& read) { return read.name == value.name; });
+                                    [&value](const RegValue& read) { return read.name == value.name; });
     ASSERT_NE(found, sections[0].values.end());
     EXPECT_EQ(found->type, value.type);
     EXPECT_EQ(found->data, value.data);

@@ -71,8 +71,11 @@ TEST(CaseFolding, AsciiFoldingLeavesOtherLettersAlone) {
   } cases[] = {
       {"DIV", "div"},
       {"Content-Type", "content-type"},
-      {"\xC3\x84" "BC", "\xC3\x84" "bc"},  // UTF-8 bytes pass as they are
-      {"@[`{", "@[`{"},              // the neighbours of A-Z and a-z
+      {"\xC3\x84"
+       "BC",
+       "\xC3\x84"
+       "bc"},            // UTF-8 bytes pass as they are
+      {"@[`{", "@[`{"},  // the neighbours of A-Z and a-z
       {"", ""},
   };
   for (const auto& c : cases) {

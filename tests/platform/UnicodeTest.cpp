@@ -17,10 +17,13 @@ TEST(Unicode, RoundTripsEveryPlane) {
 }
 
 TEST(Unicode, MalformedInputBecomesReplacementCharacters) {
-  EXPECT_EQ(fromUtf8("a\xFF" "b"), L"a\uFFFD" L"b");
-  EXPECT_EQ(fromUtf8("\xE2\x82"), L"\uFFFD");             // truncated sequence
-  EXPECT_EQ(fromUtf8("\xC0\xAF"), L"\uFFFD");             // overlong form of "/"
-  EXPECT_EQ(fromUtf8("\xED\xA0\x80"), L"\uFFFD");         // encoded surrogate
+  EXPECT_EQ(fromUtf8("a\xFF"
+                     "b"),
+            L"a\uFFFD"
+            L"b");
+  EXPECT_EQ(fromUtf8("\xE2\x82"), L"\uFFFD");                                        // truncated sequence
+  EXPECT_EQ(fromUtf8("\xC0\xAF"), L"\uFFFD");                                        // overlong form of "/"
+  EXPECT_EQ(fromUtf8("\xED\xA0\x80"), L"\uFFFD");                                    // encoded surrogate
   EXPECT_EQ(toUtf8(std::wstring(1, static_cast<wchar_t>(0xD800))), "\xEF\xBF\xBD");  // lone surrogate
 }
 
@@ -36,8 +39,18 @@ TEST(Unicode, Utf16BytesDecodeAloneSurrogateToTheReplacementCharacter) {
       {"", L"", true},
       {std::string("a\0\xE9\0", 4), L"a\u00e9", true},
       {"\x34\xD8\x1E\xDD", clef, true},
-      {std::string("\x34\xD8" "a\0", 4), L"\uFFFD" L"a", false},
-      {std::string("\x1E\xDD" "a\0", 4), L"\uFFFD" L"a", false},
+      {std::string("\x34\xD8"
+                   "a\0",
+                   4),
+       L"\uFFFD"
+       L"a",
+       false},
+      {std::string("\x1E\xDD"
+                   "a\0",
+                   4),
+       L"\uFFFD"
+       L"a",
+       false},
       {"\x34\xD8", L"\uFFFD", false},
       {"\x1E\xDD\x34\xD8", L"\uFFFD\uFFFD", false},
       {std::string("a\0b", 3), L"a", true},
@@ -62,7 +75,9 @@ TEST(Unicode, WideTextEncodesToUtf16AndBack) {
       {L"a\u20ac", std::string("a\0\xAC\x20", 4)},
       {clef, "\x34\xD8\x1E\xDD"},
       {std::wstring(1, static_cast<wchar_t>(0xDD1E)), "\xFD\xFF"},
-      {std::wstring(1, static_cast<wchar_t>(0xD834)) + L"a", std::string("\xFD\xFF" "a\0", 4)},
+      {std::wstring(1, static_cast<wchar_t>(0xD834)) + L"a", std::string("\xFD\xFF"
+                                                                         "a\0",
+                                                                         4)},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(toUtf16(c.text), c.little);

@@ -27,11 +27,11 @@ TEST(HelpTopicMap, ParsesFieldsTrimmedAndLowerCased) {
 TEST(HelpTopicMap, FindsTheFirstMatchByDialogOrCommandPart) {
   testing::TestInstallation installation;
   const std::wstring file = installation.writeFile(L"map.csv",
-      "Main,kv_main,main.htm,100\r\n"
-      "\r\n"
-      "   \r\n"
-      "Obstacles,kv_obstacle_list,obstacles.htm,200\r\n"
-      "Surfaces,kv_obstacle_surfaces,surfaces.htm,300\r\n");
+                                                   "Main,kv_main,main.htm,100\r\n"
+                                                   "\r\n"
+                                                   "   \r\n"
+                                                   "Obstacles,kv_obstacle_list,obstacles.htm,200\r\n"
+                                                   "Surfaces,kv_obstacle_surfaces,surfaces.htm,300\r\n");
   CHelpTopicMap map;
   map.load(file);
   EXPECT_FALSE(map.logging());
@@ -98,8 +98,10 @@ TEST(HelpTopicMap, KeepsEveryRecordWhateverTheEncoding) {
       {"UTF-8 with a mark", "\xEF\xBB\xBF" + lines},
       {"UTF-16 with a mark", utf16},
       {"the ANSI code page", "\xC4rgerDlg,kv_\xE4rger,a.htm,1\r\nMain,kv_main,m.htm,2\r\n"},
-      {"a NUL line between", "\xC3\x84rgerDlg,kv_\xC3\xA4rger,a.htm,1\n" + std::string(1, '\0') + "\nMain,kv_main,m.htm,2\n"},
-      {"a NUL inside a line", "\xC3\x84rgerDlg,kv_\xC3\xA4rger,a.htm,1,x" + std::string(1, '\0') + "y\nMain,kv_main,m.htm,2\n"},
+      {"a NUL line between",
+       "\xC3\x84rgerDlg,kv_\xC3\xA4rger,a.htm,1\n" + std::string(1, '\0') + "\nMain,kv_main,m.htm,2\n"},
+      {"a NUL inside a line",
+       "\xC3\x84rgerDlg,kv_\xC3\xA4rger,a.htm,1,x" + std::string(1, '\0') + "y\nMain,kv_main,m.htm,2\n"},
   };
   for (const Case& c : cases) {
     testing::TestInstallation installation;

@@ -52,7 +52,7 @@ TEST_F(HelpFiles, UnknownTopicsFallBackToTheContents) {
   showHelp(settings, 42, false);
   showHelp(settings, 0, false);
   EXPECT_EQ(requests(), (std::vector<std::wstring>{L"context 42 " + productHelp, L"contents " + productHelp,
-                                                    L"contents " + productHelp}));
+                                                   L"contents " + productHelp}));
 }
 
 TEST_F(HelpFiles, TopicsOfTheSeries10100TryTheirFirstTopic) {
@@ -60,7 +60,7 @@ TEST_F(HelpFiles, TopicsOfTheSeries10100TryTheirFirstTopic) {
   showHelp(settings, 10105, false);
   showHelp(settings, 10107, false);
   EXPECT_EQ(requests(), (std::vector<std::wstring>{L"context 10105 " + productHelp, L"context 10100 " + productHelp,
-                                                    L"context 10107 " + productHelp, L"contents " + productHelp}));
+                                                   L"context 10107 " + productHelp, L"contents " + productHelp}));
 }
 
 TEST_F(HelpFiles, InstallationTopicsOnlyWhenAllowed) {
@@ -69,7 +69,7 @@ TEST_F(HelpFiles, InstallationTopicsOnlyWhenAllowed) {
   showHelp(settings, 10, false);
   showHelp(settings, 14, true);
   EXPECT_EQ(requests(), (std::vector<std::wstring>{L"context 10 " + installationHelp, L"context 10 " + productHelp,
-                                                    L"context 14 " + productHelp, L"contents " + productHelp}));
+                                                   L"context 14 " + productHelp, L"contents " + productHelp}));
 }
 
 TEST_F(HelpFiles, AMissingHelpFileIsReportedWithTheInstalledText) {

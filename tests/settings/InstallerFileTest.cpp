@@ -37,9 +37,9 @@ TEST(InstallerFile, HoldsEveryMachineSettingUnderTheProductKey) {
     EXPECT_FALSE(platform::regStringUnits(value.data).empty());
     names.push_back(value.name);
   }
-  EXPECT_EQ(names, (std::vector<std::wstring>{settingValueName(kSettingProgramPath), settingValueName(kSettingLanguage),
-                                              settingValueName(kSettingDataPath),
-                                              settingValueName(kSettingDeploymentPath)}));
+  EXPECT_EQ(names,
+            (std::vector<std::wstring>{settingValueName(kSettingProgramPath), settingValueName(kSettingLanguage),
+                                       settingValueName(kSettingDataPath), settingValueName(kSettingDeploymentPath)}));
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ TEST(SettingsStore, ReadsMachineValuesAndDerivesFolders) {
 #endif
   EXPECT_EQ(settings.deploymentFolder(), installation.folder() + L"\\Deployment");
   EXPECT_EQ(settings.readString(kSettingTutorials, text), -2);  // not set
-  EXPECT_EQ(settings.readString(999, text), -2);                 // no such setting
+  EXPECT_EQ(settings.readString(999, text), -2);                // no such setting
 }
 
 TEST(SettingsStore, WithoutAnInstallationNothingCanBeReadOrWritten) {
@@ -165,7 +165,8 @@ TEST(SettingsStore, MovesAnOlderVersionsSettingsOnceWhenItsKeyIsCreated) {
 #ifndef _WIN32
 TEST(SettingsStore, AnUnreadableUserRegistryIsLeftAsItIs) {
   testing::TestInstallation installation;
-  const std::string broken = "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\Software\r\n\"x\"=dword:zz\r\n";
+  const std::string broken =
+      "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\Software\r\n\"x\"=dword:zz\r\n";
   const std::wstring file = installation.writeFile(L"registry\\HKEY_CURRENT_USER.reg", broken);
 
   SettingsStore settings;

@@ -29,7 +29,7 @@ TEST_F(MessageDescriptionTest, CaptionsComeFromTheKeyThenTheStandardButtons) {
   EXPECT_TRUE(message.flag);
   EXPECT_FALSE(message.checkBoxState);
   EXPECT_EQ(message.ok.caption, L"&Continue");
-  EXPECT_EQ(message.yes.caption, L"&__Yes");    // the key's own caption keeps its underscores
+  EXPECT_EQ(message.yes.caption, L"&__Yes");      // the key's own caption keeps its underscores
   EXPECT_EQ(message.cancel.caption, L"&Cancel");  // standard caption without "__"
   EXPECT_EQ(message.no.caption, L"&");            // missing everywhere
   EXPECT_TRUE(message.no.present);
@@ -77,7 +77,8 @@ TEST(MessageButtonTypeTest, TheFirstRuleThatHoldsWins) {
 
 TEST_F(MessageDescriptionTest, TheBuiltInHandlerShowsTheInfoTextUnderTheApplicationTitle) {
   NTxtRes::SetApplicationTitle(L"KVT");
-  CMessageDescription message = BuildMessage(L"MsgOwn", kvt1::platform::kMbIconQuestion, 0, false, false, true, true, true);
+  CMessageDescription message =
+      BuildMessage(L"MsgOwn", kvt1::platform::kMbIconQuestion, 0, false, false, true, true, true);
   headless().answers = {kvt1::platform::kIdNo};
   EXPECT_EQ(NTxtRes::ShowMessage(message), kvt1::platform::kIdNo);
   ASSERT_EQ(headless().messages.size(), 1u);

@@ -76,10 +76,10 @@ TEST(PlaceholdersTest, AFloatFormatTheTextCannotNameLeavesItUnchanged) {
       {L"%.2 without an f", -1},
       {L"%.x2f", -1},
       {L"%.2d%", -1},
-      {L"%*.2f", -1},       // a width taken from the arguments
-      {L"%.2llf", -1},      // one length letter at most
-      {L"%1000000f", -1},   // a width that would fill memory
-      {L"%.1000000f", -1},  // a precision likewise
+      {L"%*.2f", -1},                    // a width taken from the arguments
+      {L"%.2llf", -1},                   // one length letter at most
+      {L"%1000000f", -1},                // a width that would fill memory
+      {L"%.1000000f", -1},               // a precision likewise
       {std::wstring(L"%.2\0f", 5), -1},  // a NUL inside the conversion
   };
   for (const Case& c : cases) {

@@ -68,9 +68,7 @@ TEST_F(TextResourcesTest, RawTextsStayAsStored) {
 // Upper-cases every text it is given, so that its use shows.
 class ShoutingFormatter : public NTxtRes::CTextFormatterInterface {
  public:
-  void FormatText(std::wstring& text) override {
-    text = kvt1::platform::upperCase(text);
-  }
+  void FormatText(std::wstring& text) override { text = kvt1::platform::upperCase(text); }
 };
 
 TEST_F(TextResourcesTest, FoundTextsPassTheCurrentFormatterAndMissMessagesDoNot) {

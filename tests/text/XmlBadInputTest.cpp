@@ -29,9 +29,9 @@ TEST(XmlBadInput, EveryPrefixOfADocumentIsHandled) {
 
 TEST(XmlBadInput, BrokenReferencesStayAsWritten) {
   CXmlDocument doc;
-  ASSERT_TRUE(doc.SetDoc(
-      L"<r><a>&#xFFFFFFFF;|&unknown;|&#;|&#x;|&#0;|&#xD800;|&#1114112;|&amp|&|&#99999999999999999999;</a>"
-      L"<b v='&unknown; &#65;'/></r>"));
+  ASSERT_TRUE(
+      doc.SetDoc(L"<r><a>&#xFFFFFFFF;|&unknown;|&#;|&#x;|&#0;|&#xD800;|&#1114112;|&amp|&|&#99999999999999999999;</a>"
+                 L"<b v='&unknown; &#65;'/></r>"));
   EXPECT_EQ(doc.GetData(L"/r/a"),
             L"&#xFFFFFFFF;|&unknown;|&#;|&#x;|&#0;|&#xD800;|&#1114112;|&amp|&|&#99999999999999999999;");
   EXPECT_EQ(doc.GetData(L"/r/b/@v"), L"&unknown; A");

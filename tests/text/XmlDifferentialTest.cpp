@@ -22,8 +22,11 @@ namespace fs = std::filesystem;
 // Folders of packages that a build machine set up by scripts/setup.sh holds
 // (cmake's templates, fontconfig through wine), and a few common others.
 std::vector<fs::path> systemXmlFiles() {
-  std::vector<fs::path> folders = {"/etc/fonts", "/usr/share/fontconfig/conf.avail", "/usr/share/mime/packages",
-                                   "/usr/share/X11/xkb/rules", "/usr/share/xml/iso-codes",
+  std::vector<fs::path> folders = {"/etc/fonts",
+                                   "/usr/share/fontconfig/conf.avail",
+                                   "/usr/share/mime/packages",
+                                   "/usr/share/X11/xkb/rules",
+                                   "/usr/share/xml/iso-codes",
                                    "/usr/share/dbus-1/interfaces"};
   std::error_code error;
   for (const auto& entry : fs::directory_iterator("/usr/share", error)) {
@@ -55,8 +58,7 @@ std::string text(xmlChar* value) {
 // Values that XML's end-of-line and attribute normalisation would change
 // are compared by neither side; the reader returns text as written.
 bool normalisationFree(const std::string& value, bool attribute) {
-  return value.find('\r') == std::string::npos &&
-         (!attribute || value.find_first_of("\n\t") == std::string::npos);
+  return value.find('\r') == std::string::npos && (!attribute || value.find_first_of("\n\t") == std::string::npos);
 }
 
 bool isLeaf(xmlNode* node) {

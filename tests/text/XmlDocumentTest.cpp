@@ -12,9 +12,9 @@ using test::ReportReader;
 
 TEST(XmlDocument, WellFormedDocumentLeavesAnEmptyReport) {
   CXmlDocument doc;
-  EXPECT_TRUE(doc.SetDoc(
-      L"<?xml version=\"1.0\"?>\n<!DOCTYPE texts [<!ENTITY x \"y>\"> <!-- c -->]>\n"
-      L"<texts a='1'><!-- note --><A>one</A><B/><?pi data?><C x=\"&gt;\">two</C></texts>\n"));
+  EXPECT_TRUE(
+      doc.SetDoc(L"<?xml version=\"1.0\"?>\n<!DOCTYPE texts [<!ENTITY x \"y>\"> <!-- c -->]>\n"
+                 L"<texts a='1'><!-- note --><A>one</A><B/><?pi data?><C x=\"&gt;\">two</C></texts>\n"));
   EXPECT_TRUE(doc.IsWellFormed());
   EXPECT_EQ(doc.GetResult(), L"");
   EXPECT_EQ(doc.GetData(L"/texts/C"), L"two");
@@ -117,10 +117,10 @@ TEST(XmlDocument, ReportValuesAreEscaped) {
 
 TEST(XmlDocument, ElementDataDecodesReferencesAndKeepsCdataLiteral) {
   CXmlDocument doc;
-  ASSERT_TRUE(doc.SetDoc(
-      L"<r><e>a &lt;b&gt; &amp; &quot;c&quot; &apos;d&apos; &#65;&#x42;&eacute;&euro;&nbsp;</e>"
-      L"<c><![CDATA[<raw> &amp; ]]>after &amp;<!-- skipped -->!</c>"
-      L"<p>pre<?pi x?>post</p><mixed>text<child/></mixed><empty/><blank></blank></r>"));
+  ASSERT_TRUE(
+      doc.SetDoc(L"<r><e>a &lt;b&gt; &amp; &quot;c&quot; &apos;d&apos; &#65;&#x42;&eacute;&euro;&nbsp;</e>"
+                 L"<c><![CDATA[<raw> &amp; ]]>after &amp;<!-- skipped -->!</c>"
+                 L"<p>pre<?pi x?>post</p><mixed>text<child/></mixed><empty/><blank></blank></r>"));
   EXPECT_EQ(doc.GetData(L"/r/e"), L"a <b> & \"c\" 'd' AB\u00E9\u20AC\u00A0");
   EXPECT_EQ(doc.GetData(L"/r/c"), L"<raw> &amp; after &!");
   EXPECT_EQ(doc.GetData(L"/r/p"), L"prepost");

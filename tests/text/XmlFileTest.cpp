@@ -78,7 +78,9 @@ TEST_F(XmlFile, Utf16LittleAndBigEndian) {
 
 TEST_F(XmlFile, Utf16AndUtf32WithoutMarkOrWithUtf32Mark) {
   CXmlDocument doc;
-  ASSERT_TRUE(doc.ReadFile(write(bytes("<\0?\0x\0m\0l\0 \0?\0>\0<\0r\0>\0" "1\0<\0/\0r\0>\0"))));
+  ASSERT_TRUE(
+      doc.ReadFile(write(bytes("<\0?\0x\0m\0l\0 \0?\0>\0<\0r\0>\0"
+                               "1\0<\0/\0r\0>\0"))));
   EXPECT_EQ(doc.GetData(L"/r"), L"1");
   EXPECT_EQ(ReportReader(doc).attribute(L"read", L"encoding"), L"UTF-16LE");
 
@@ -123,9 +125,9 @@ TEST_F(XmlFile, BytesThatAreNotUtf8FallBackToTheAnsiCodePage) {
 
 TEST_F(XmlFile, HtmlMetaContentTypeNamesTheCharset) {
   CXmlDocument doc;
-  doc.ReadFile(write(
-      "<html><head><meta name=\"x\" content=\"y\"><META HTTP-EQUIV=\"content-type\" "
-      "content=\"text/html; charset=windows-1251\"><title>t</title></head><body>\xC0</body></html>"));
+  doc.ReadFile(
+      write("<html><head><meta name=\"x\" content=\"y\"><META HTTP-EQUIV=\"content-type\" "
+            "content=\"text/html; charset=windows-1251\"><title>t</title></head><body>\xC0</body></html>"));
   EXPECT_EQ(ReportReader(doc).attribute(L"read", L"encoding"), L"windows-1251");
   EXPECT_EQ(doc.GetData(L"/html/body"), std::wstring(1, wchar_t(0x0410)));
 }
@@ -141,7 +143,9 @@ TEST_F(XmlFile, NulCharactersAreRemoved) {
 
 TEST_F(XmlFile, OddLengthUtf16AndCutUtf8AreTruncationErrors) {
   CXmlDocument doc;
-  EXPECT_TRUE(doc.ReadFile(write(bytes("\xFF\xFE<\0r\0>\0" "1\0<\0/\0r\0>\0x"))));
+  EXPECT_TRUE(
+      doc.ReadFile(write(bytes("\xFF\xFE<\0r\0>\0"
+                               "1\0<\0/\0r\0>\0x"))));
   EXPECT_EQ(ReportReader(doc).description(L"truncation_error"), L"UTF-16LE adjustment error");
   EXPECT_EQ(doc.GetData(L"/r"), L"1");
 

@@ -54,8 +54,8 @@ TEST(XmlPath, RootOfAnyNameAndAFoundElementBecomesCurrent) {
 
 TEST(XmlPath, FirstCompleteMatchInDocumentOrder) {
   CXmlDocument doc;
-  ASSERT_TRUE(doc.SetDoc(
-      L"<r><g n='1'><k>first g, no m</k></g><g n='2'><m>found</m></g><g n='3'><m>later</m></g></r>"));
+  ASSERT_TRUE(
+      doc.SetDoc(L"<r><g n='1'><k>first g, no m</k></g><g n='2'><m>found</m></g><g n='3'><m>later</m></g></r>"));
   EXPECT_EQ(doc.GetData(L"/r/g/m"), L"found") << "the search goes on past a g without m";
   EXPECT_EQ(doc.GetAttrib(L"n"), L"");
   EXPECT_EQ(doc.GetData(L"/r/g[@n]/m"), L"found");
@@ -101,8 +101,10 @@ TEST(XmlPath, LookupListsGiveThePlainMatch) {
   for (int i = 0; i < 300; ++i) {
     const std::wstring n = std::to_wstring(i % 7);
     text += L"<k" + std::to_wstring(i % 11) + L" v='" + n + L"' w='&#" + std::to_wstring(48 + i % 3) + L";'>";
-    if (i % 5 == 0) text += L"<c" + n + L">" + std::to_wstring(i) + L"</c" + n + L">";
-    else text += std::to_wstring(i);
+    if (i % 5 == 0)
+      text += L"<c" + n + L">" + std::to_wstring(i) + L"</c" + n + L">";
+    else
+      text += std::to_wstring(i);
     text += L"</k" + std::to_wstring(i % 11) + L">";
   }
   text += L"</r>";

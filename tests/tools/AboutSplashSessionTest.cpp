@@ -51,8 +51,8 @@ TEST_F(EmulatorSession, InfoShowsTheAboutBoxUntilItsButtonIsClicked) {
   for (int x = frame; x < 80; ++x)
     for (int y = frame; y < frame + caption; ++y) titlePixels += (pixels.at(x, y) & 0xFFFFFF) == 0xFFFFFFu;
   EXPECT_GT(titlePixels, 20);
-  EXPECT_EQ(pixels.at(1, 1) & 0xFFFFFF, 0xB4BCC6u);                                 // the frame
-  EXPECT_EQ(pixels.at(pixels.width() - 20, frame + 2) & 0xFFFFFF, 0x1F3A5Fu);       // the caption bar
+  EXPECT_EQ(pixels.at(1, 1) & 0xFFFFFF, 0xB4BCC6u);                                     // the frame
+  EXPECT_EQ(pixels.at(pixels.width() - 20, frame + 2) & 0xFFFFFF, 0x1F3A5Fu);           // the caption bar
   EXPECT_EQ(pixels.at(pixels.width() - 8, frame + caption + 5) & 0xFFFFFF, 0x0B2A4Au);  // the banner
 #endif
 }
@@ -91,7 +91,8 @@ TEST_F(SplashSession, TheSplashOpensAtStartUpAndGoesByItselfWithoutHoldingTheSes
   const std::wstring folder = installation.folder() + L"/pictures";
   session->setRenderFolder(folder);
   ASSERT_TRUE(session->load(modulePath())) << platform::toUtf8(output);
-  EXPECT_TRUE(contains(output, L"dialog [KVT]: opened\nrendered: " + folder + L"/1-KVT.png\n")) << platform::toUtf8(output);
+  EXPECT_TRUE(contains(output, L"dialog [KVT]: opened\nrendered: " + folder + L"/1-KVT.png\n"))
+      << platform::toUtf8(output);
   ASSERT_EQ(desktop.windows().size(), 1u) << platform::toUtf8(output);
   const html::test::PngPixels pixels(platform::toUtf8(folder + L"/1-KVT.png"));
   EXPECT_EQ(pixels.width(), 560);

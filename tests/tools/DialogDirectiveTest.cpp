@@ -121,10 +121,9 @@ class DirectorTest : public ::testing::Test {
   std::wstring printed;
   std::vector<std::wstring> faults;
   int line = 0;
-  DialogDirector director{[this](const std::wstring& text) { printed += text; },
-                          [this](int at, const std::wstring& text) {
-                            faults.push_back(std::to_wstring(at) + L": " + text);
-                          }};
+  DialogDirector director{
+      [this](const std::wstring& text) { printed += text; },
+      [this](int at, const std::wstring& text) { faults.push_back(std::to_wstring(at) + L": " + text); }};
 };
 
 TEST_F(DirectorTest, MessageBoxesTakeTheAnswerFirstInLine) {

@@ -5,8 +5,8 @@
 
 #include <set>
 
-#include "settings/SettingsStore.h"
 #include "settings/HelpFiles.h"
+#include "settings/SettingsStore.h"
 #include "tests/tools/EmulatorSession.h"
 #ifndef _WIN32
 #include "platform/posix/HeadlessDesktop.h"
@@ -94,10 +94,10 @@ TEST_F(EmulatorSession, ClicksBesideButtonsAndOnHiddenOnesCloseNothing) {
   start();
   EXPECT_EQ(run(L"@click-at 2 2\n@answer YES\n(kvt1_help \"x\")\n"),
             L"dialog [KVT Help]: opened\n" + missingHelpLine() +
-            L"dialog [KVT Help]: click at (2,2)\n"
-            L"; error: line 2: @answer YES: [name='YES'] is not visible in dialog [KVT Help]\n"
-            L"dialog [KVT Help]: closed unanswered\n"
-            L"(0)\n");
+                L"dialog [KVT Help]: click at (2,2)\n"
+                L"; error: line 2: @answer YES: [name='YES'] is not visible in dialog [KVT Help]\n"
+                L"dialog [KVT Help]: closed unanswered\n"
+                L"(0)\n");
   EXPECT_EQ(session->faults(), 1);
 }
 
@@ -107,8 +107,9 @@ TEST_F(EmulatorSession, AWaitLetsTheDesktopClockRunBeforeTheNextAction) {
   const std::uint64_t before = platform::HeadlessDesktop::local().now();
   const std::wstring out = run(L"@wait 250\n@click-selector div.buttons button[name='OK']\n(kvt1_help \"x\")\n");
   EXPECT_EQ(platform::HeadlessDesktop::local().now() - before, 250u);
-  EXPECT_EQ(out.rfind(L"dialog [KVT Help]: opened\n" + missingHelpLine() + L"dialog [KVT Help]: wait 250 ms\n"
-                      L"dialog [KVT Help]: click-selector div.buttons button[name='OK'] at (",
+  EXPECT_EQ(out.rfind(L"dialog [KVT Help]: opened\n" + missingHelpLine() +
+                          L"dialog [KVT Help]: wait 250 ms\n"
+                          L"dialog [KVT Help]: click-selector div.buttons button[name='OK'] at (",
                       0),
             0u)
       << platform::toUtf8(out);

@@ -15,9 +15,7 @@
 namespace kvt1::emu {
 
 // The module file built beside this test program, as the host would load it.
-inline std::wstring modulePath() {
-  return splitModulePath(platform::thisModulePath()).folder + KVT1_TEST_MODULE_NAME;
-}
+inline std::wstring modulePath() { return splitModulePath(platform::thisModulePath()).folder + KVT1_TEST_MODULE_NAME; }
 
 // The system's folder separator, with which the emulator names its pictures.
 #ifdef _WIN32

@@ -15,7 +15,9 @@ bool contains(const std::wstring& text, const std::wstring& part) { return text.
 
 class GallerySession : public EmulatorSession {
  protected:
-  void SetUp() override { session = std::make_unique<Session>([this](const std::wstring& text) { output += text; }); }
+  void SetUp() override {
+    session = std::make_unique<Session>([this](const std::wstring& text) { output += text; });
+  }
 };
 
 TEST_F(GallerySession, EveryControlAnswersTheUserAndIsDrawnAsItStands) {

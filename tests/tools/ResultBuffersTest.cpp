@@ -29,9 +29,9 @@ TEST(ResultBuffers, RefusesUnknownTypesAndUnbalancedLists) {
 }
 
 TEST(ResultBuffers, ArgumentsRoundTrip) {
-  const LispValue args = LispValue::list({LispValue::fromInteger(5), LispValue::fromInteger(-40000),
-                                          LispValue::fromString(L"s"), LispValue::nil(), LispValue::t(),
-                                          LispValue::list({LispValue::fromReal(1.5)})});
+  const LispValue args =
+      LispValue::list({LispValue::fromInteger(5), LispValue::fromInteger(-40000), LispValue::fromString(L"s"),
+                       LispValue::nil(), LispValue::t(), LispValue::list({LispValue::fromReal(1.5)})});
   resbuf* list = toArgumentList(args.items);
   ASSERT_NE(list, nullptr);
   EXPECT_EQ(list->restype, RTSHORT);

@@ -4,10 +4,10 @@
 
 #include "platform/File.h"
 #include "platform/Registry.h"
-#include "settings/SettingsStore.h"
 #include "settings/HelpFiles.h"
 #include "settings/ProductKey.h"
 #include "settings/SettingNumbers.h"
+#include "settings/SettingsStore.h"
 #include "tests/common/ProcessEnvironment.h"
 #include "tests/tools/EmulatorSession.h"
 #include "tools/kvt1-host/core/EmulatedHost.h"
@@ -39,9 +39,13 @@ TEST_F(EmulatorSession, AnswersCallsWithMessagesAndResults) {
 TEST_F(EmulatorSession, StartCommandQueuesTheApplicationOnce) {
   start();
   const std::wstring folder = lispFolder();
-  EXPECT_EQ(run(L"KVT1\n"), L"queued: (load \"" + folder + L"kv_Menu.vlx\")\n"
-                            L"queued: (kv_Menu-StartFromExe \"" + folder + L"\")\n"
-                            L"queued: (load \"" + folder + L"kv_start.vlx\")\n");
+  EXPECT_EQ(run(L"KVT1\n"), L"queued: (load \"" + folder +
+                                L"kv_Menu.vlx\")\n"
+                                L"queued: (kv_Menu-StartFromExe \"" +
+                                folder +
+                                L"\")\n"
+                                L"queued: (load \"" +
+                                folder + L"kv_start.vlx\")\n");
   EXPECT_EQ(run(L"KVT1\nkvt1\n"), L"");
 }
 
@@ -91,7 +95,8 @@ TEST_F(EmulatorSession, ReportsFaultyLinesAndGoesOn) {
 TEST_F(EmulatorSession, EchoesEachLineAsTheCommandLineShowsIt) {
   start();
   session->setEcho(true);
-  EXPECT_EQ(run(L"(kvt1_info \"a\")\nNEW\n"), L"Command: (kvt1_info \"a\")\nMore parameters provided\nnil\nCommand: NEW\n");
+  EXPECT_EQ(run(L"(kvt1_info \"a\")\nNEW\n"),
+            L"Command: (kvt1_info \"a\")\nMore parameters provided\nnil\nCommand: NEW\n");
 }
 
 TEST_F(EmulatorSession, GivesTheUserADataFolderAtFirstStart) {
@@ -155,9 +160,9 @@ TEST(EmulatorLoad, KeepsTheUsersOwnDataFolder) {
 // A UTF-8 map with a byte order mark and a NUL line: every record is found,
 // the first one too, and names compare in lower case beyond A-Z.
 TEST_F(EmulatorSession, HelpFindsEveryRecordOfAnyMap) {
-  installation.writeFile(L"Program\\KVTHelpID.csv",
-                         "\xEF\xBB\xBF\xC3\x84rgerDlg,kv_aerger,aerger.htm,10130\n" + std::string(1, '\0') +
-                             "\nAirportDialog,kv_airport,airport.htm,10120\n");
+  installation.writeFile(L"Program\\KVTHelpID.csv", "\xEF\xBB\xBF\xC3\x84rgerDlg,kv_aerger,aerger.htm,10130\n" +
+                                                        std::string(1, '\0') +
+                                                        "\nAirportDialog,kv_airport,airport.htm,10120\n");
   installation.writeFile(L"Data\\Help\\KVT.chm", "ITSF");
   start();
   SettingsStore settings;
@@ -177,12 +182,16 @@ TEST_F(EmulatorSession, HelpOpensTopicsOrTheContents) {
 #endif
   start();
   EXPECT_EQ(run(L"(kvt1_help \"AirportDialog\")\n(kvt1_help \"NoSuchDialog\")\n"),
-            L"HelpMapping; Dialog:AirportDialog  Id:10120\nhelp: topic 10120 of " + help + L"\n(0)\n"
-            L"HelpMapping; Dialog:NoSuchDialog  NotFound\nhelp: contents of " + help + L"\n(0)\n");
+            L"HelpMapping; Dialog:AirportDialog  Id:10120\nhelp: topic 10120 of " + help +
+                L"\n(0)\n"
+                L"HelpMapping; Dialog:NoSuchDialog  NotFound\nhelp: contents of " +
+                help + L"\n(0)\n");
   EXPECT_EQ(run(L"(kvt1_setfunhelp \"c:kv_airport\" \"AIRPORT\")\n(kvt1_setfunhelp \"c:x\" \"runway\")\n"),
             L"HelpMapping; Command:AIRPORT  Topic:airport.htm\n"
-            L"function help: c:kv_airport -> topic \"airport.htm\" of " + slashed(help) + L"\n(0)\n"
-            L"HelpMapping; Command:runway  Not found\n(0)\n");
+            L"function help: c:kv_airport -> topic \"airport.htm\" of " +
+                slashed(help) +
+                L"\n(0)\n"
+                L"HelpMapping; Command:runway  Not found\n(0)\n");
   const auto& recorded = EmulatedHost::instance().functionHelp();
   ASSERT_EQ(recorded.size(), 1u);
   EXPECT_EQ(recorded[0].function, L"c:kv_airport");

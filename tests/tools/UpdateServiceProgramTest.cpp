@@ -90,8 +90,8 @@ TEST_F(UpdateServiceProgram, ServesTheModeItWasStartedWith) {
 
 TEST(UpdateServiceProgramOptions, RefusesUnknownModesAndMissingAnswers) {
   const std::string program = platform::toUtf8(programFolder()) + "/kvt1-update-service";
-  for (const std::string& command : {program + " --answers . --mode sometimes", program + " --mode hang",
-                                     program + " --answers"}) {
+  for (const std::string& command :
+       {program + " --answers . --mode sometimes", program + " --mode hang", program + " --answers"}) {
     const int status = std::system((command + " 2>/dev/null").c_str());
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 2) << command;
   }

@@ -48,7 +48,9 @@ std::optional<unsigned> keyCode(const std::wstring& name) {
   return std::nullopt;
 }
 
-bool isElementId(const std::wstring& text) { return !text.empty() && text.find_first_of(L"'\\ \t") == std::wstring::npos; }
+bool isElementId(const std::wstring& text) {
+  return !text.empty() && text.find_first_of(L"'\\ \t") == std::wstring::npos;
+}
 
 }  // namespace
 
@@ -78,7 +80,7 @@ std::optional<DialogDirective> parseDialogDirective(const std::wstring& text, in
       error = L"@click takes one element id (use @click-selector for more): " + rest;
       return std::nullopt;
     }
-    directive.kind = name == L"click" ? DialogDirective::Kind::Click
+    directive.kind = name == L"click"    ? DialogDirective::Kind::Click
                      : name == L"render" ? DialogDirective::Kind::Render
                                          : DialogDirective::Kind::ClickSelector;
     return directive;

@@ -22,13 +22,20 @@ constexpr unsigned kMessageTextCapacity = 4096;
 // Whether a message box of that type (its low four bits name the buttons) offers the answer.
 bool offers(unsigned type, int answer) {
   switch (type & 0xF) {
-    case 0x0: return answer == 1;
-    case 0x1: return answer == 1 || answer == 2;
-    case 0x2: return answer >= 3 && answer <= 5;
-    case 0x3: return answer == 6 || answer == 7 || answer == 2;
-    case 0x4: return answer == 6 || answer == 7;
-    case 0x5: return answer == 4 || answer == 2;
-    default: return false;
+    case 0x0:
+      return answer == 1;
+    case 0x1:
+      return answer == 1 || answer == 2;
+    case 0x2:
+      return answer >= 3 && answer <= 5;
+    case 0x3:
+      return answer == 6 || answer == 7 || answer == 2;
+    case 0x4:
+      return answer == 6 || answer == 7;
+    case 0x5:
+      return answer == 4 || answer == 2;
+    default:
+      return false;
   }
 }
 
@@ -53,8 +60,8 @@ namespace {
 std::wstring fileNamePart(const std::wstring& title) {
   std::wstring name;
   for (wchar_t c : title) {
-    const bool plain = (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') ||
-                       c == L'-' || c == L'_' || c == L'.' || c == L' ';
+    const bool plain = (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') || c == L'-' ||
+                       c == L'_' || c == L'.' || c == L' ';
     name += plain ? c : L'_';
   }
   const std::size_t first = name.find_first_not_of(L' ');
@@ -86,8 +93,7 @@ void DialogDirector::onCreated(HWND window) {
 
 void DialogDirector::render(HWND window, const std::wstring& name, int line) {
   const std::wstring path = platform::joinPath(renderFolder_, std::to_wstring(++rendered_) + L"-" + name + L".png");
-  if (platform::sendMessage(window, html::kWmAutomationRender, 0, reinterpret_cast<std::intptr_t>(path.c_str())) ==
-      1) {
+  if (platform::sendMessage(window, html::kWmAutomationRender, 0, reinterpret_cast<std::intptr_t>(path.c_str())) == 1) {
     print_(L"rendered: " + path + L"\n");
   } else {
     fault_(line, L"cannot render " + label(window) + L" to " + path);
@@ -135,7 +141,8 @@ DialogDirector::Outcome DialogDirector::play(DialogDirective& directive, HWND di
       return Outcome::Played;
     case DialogDirective::Kind::Type:
       print_(label(dialog) + L": " + directive.text + L"\n");
-      for (const wchar_t c : directive.argument) platform::postMessage(dialog, WM_CHAR, static_cast<std::uintptr_t>(c), 0);
+      for (const wchar_t c : directive.argument)
+        platform::postMessage(dialog, WM_CHAR, static_cast<std::uintptr_t>(c), 0);
       return Outcome::Played;
     case DialogDirective::Kind::Wait:
       return wait(directive, dialog);
@@ -173,7 +180,6 @@ DialogDirector::Outcome DialogDirector::pointAtElement(const DialogDirective& di
   point(dialog, x, y, pointer);
   return Outcome::Played;
 }
-
 
 void DialogDirector::add(DialogDirective directive) {
   if (directive.kind == DialogDirective::Kind::Render) {

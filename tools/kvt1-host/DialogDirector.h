@@ -94,7 +94,7 @@ class DialogDirector {
   std::wstring renderFolder_;
   int renderLine_ = 0;
   int rendered_ = 0;
-  bool waitAnnounced_ = false;  // the @wait first in line has been printed
+  bool waitAnnounced_ = false;   // the @wait first in line has been printed
   std::uint64_t waitUntil_ = 0;  // with real time: when that @wait ends
   std::set<HWND> unanswered_;
 };

@@ -54,7 +54,5 @@ KVT1_EXPORT void* kvt1HeadlessHtmlHelp(const wchar_t* file, unsigned command, un
 }
 
 #ifndef _WIN32
-KVT1_EXPORT kvt1::platform::HeadlessDesktop* kvt1HeadlessDesktop() {
-  return &kvt1::platform::HeadlessDesktop::local();
-}
+KVT1_EXPORT kvt1::platform::HeadlessDesktop* kvt1HeadlessDesktop() { return &kvt1::platform::HeadlessDesktop::local(); }
 #endif

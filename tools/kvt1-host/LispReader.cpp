@@ -118,11 +118,20 @@ bool LispReader::readString(LispValue& out) {
     if (c == L'\\' && !atEnd()) {
       c = text_[pos_++];
       switch (c) {
-        case L'n': c = L'\n'; break;
-        case L't': c = L'\t'; break;
-        case L'r': c = L'\r'; break;
-        case L'e': c = 0x1B; break;
-        default: break;  // "\\" and "\"" stand for themselves
+        case L'n':
+          c = L'\n';
+          break;
+        case L't':
+          c = L'\t';
+          break;
+        case L'r':
+          c = L'\r';
+          break;
+        case L'e':
+          c = 0x1B;
+          break;
+        default:
+          break;  // "\\" and "\"" stand for themselves
       }
     }
     text += c;

@@ -12,10 +12,10 @@
 namespace kvt1::emu {
 
 struct ScriptItem {
-  int line = 0;          // where the form (or the fault) starts
-  LispValue form;        // valid when error and directive are empty
+  int line = 0;            // where the form (or the fault) starts
+  LispValue form;          // valid when error and directive are empty
   std::wstring directive;  // a dialog directive without its "@" ("click OK")
-  std::wstring error;    // what is wrong with the text at that line
+  std::wstring error;      // what is wrong with the text at that line
 };
 
 class LispReader {

@@ -66,7 +66,8 @@ bool sendAll(std::intptr_t socket, const std::string& data) {
 std::string response(int status, const char* reason, const std::string& body, const std::string& headers = "") {
   std::ostringstream out;
   out << "HTTP/1.1 " << status << ' ' << reason << "\r\n" << headers;
-  if (status != 204) out << "Content-Type: application/json; charset=utf-8\r\nContent-Length: " << body.size() << "\r\n";
+  if (status != 204)
+    out << "Content-Type: application/json; charset=utf-8\r\nContent-Length: " << body.size() << "\r\n";
   out << "Connection: close\r\n\r\n";
   if (status != 204) out << body;
   return out.str();
@@ -120,11 +121,9 @@ bool decodeUploadFrame(const std::string& body, std::vector<std::uint8_t>& frame
 
 bool parseServiceMode(const std::string& name, ServiceMode& mode) {
   static const std::map<std::string, ServiceMode> modes = {
-      {"answer", ServiceMode::Answer},   {"slow", ServiceMode::Slow},
-      {"204", ServiceMode::NoContent},   {"301", ServiceMode::MovedPermanently},
-      {"500", ServiceMode::ServerError}, {"garbage", ServiceMode::Garbage},
-      {"oversized", ServiceMode::Oversized}, {"close", ServiceMode::Close},
-      {"hang", ServiceMode::Hang},
+      {"answer", ServiceMode::Answer},        {"slow", ServiceMode::Slow},       {"204", ServiceMode::NoContent},
+      {"301", ServiceMode::MovedPermanently}, {"500", ServiceMode::ServerError}, {"garbage", ServiceMode::Garbage},
+      {"oversized", ServiceMode::Oversized},  {"close", ServiceMode::Close},     {"hang", ServiceMode::Hang},
   };
   const auto found = modes.find(name);
   if (found == modes.end()) return false;
@@ -340,8 +339,8 @@ void UpdateService::serve(std::intptr_t connection) {
 
   if (!line.empty()) {
     std::string json;
-    const bool known = line.rfind("POST ", 0) == 0 && target == kUploadPath ? acceptUpload(body, json)
-                                                                             : answerFor(target, json);
+    const bool known =
+        line.rfind("POST ", 0) == 0 && target == kUploadPath ? acceptUpload(body, json) : answerFor(target, json);
     switch (mode) {
       case ServiceMode::Slow:
         waitFor(delay);
@@ -363,9 +362,11 @@ void UpdateService::serve(std::intptr_t connection) {
         sendAll(connection, response(200, "OK", "<html>this is not JSON {\"CheckForUpdatesResult\":"));
         break;
       case ServiceMode::Oversized: {
-        bool open = sendAll(connection, "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nConnection: close\r\n\r\n[");
+        bool open =
+            sendAll(connection, "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nConnection: close\r\n\r\n[");
         const std::string chunk(64 * 1024, ' ');
-        for (std::size_t sent = 0; open && sent < kOversizedBytes; sent += chunk.size()) open = sendAll(connection, chunk);
+        for (std::size_t sent = 0; open && sent < kOversizedBytes; sent += chunk.size())
+          open = sendAll(connection, chunk);
         break;
       }
       case ServiceMode::Close:

@@ -102,9 +102,8 @@ bool CairoContainer::renderPng(litehtml::document& document, int width, int heig
   return written;
 }
 
-litehtml::uint_ptr CairoContainer::create_font(const char* faceName, int size, int weight,
-                                               litehtml::font_style italic, unsigned int decoration,
-                                               litehtml::font_metrics* fm) {
+litehtml::uint_ptr CairoContainer::create_font(const char* faceName, int size, int weight, litehtml::font_style italic,
+                                               unsigned int decoration, litehtml::font_metrics* fm) {
   return fonts_.create(faceName ? faceName : kDefaultFontName, size, weight, italic == litehtml::font_style_italic,
                        decoration, fm);
 }
@@ -192,8 +191,8 @@ void CairoContainer::drawLayer(cairo_t* cr, const litehtml::background_paint& la
                             double(cairo_image_surface_get_height(image)) / layer.image_size.height);
     cairo_matrix_translate(&matrix, -layer.position_x, -layer.position_y);
     cairo_pattern_set_matrix(pattern, &matrix);
-    cairo_pattern_set_extend(pattern, layer.repeat == litehtml::background_repeat_no_repeat ? CAIRO_EXTEND_NONE
-                                                                                            : CAIRO_EXTEND_REPEAT);
+    cairo_pattern_set_extend(
+        pattern, layer.repeat == litehtml::background_repeat_no_repeat ? CAIRO_EXTEND_NONE : CAIRO_EXTEND_REPEAT);
     switch (layer.repeat) {
       case litehtml::background_repeat_repeat:
         cairo_rectangle(cr, clip.x, clip.y, clip.width, clip.height);

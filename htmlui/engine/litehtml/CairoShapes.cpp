@@ -36,8 +36,8 @@ void strokeDashed(cairo_t* cr, const litehtml::border& side, double x1, double y
   cairo_restore(cr);
 }
 
-void fillSide(cairo_t* cr, const litehtml::border& side, const double (&corners)[4][2], double x1, double y1,
-              double x2, double y2) {
+void fillSide(cairo_t* cr, const litehtml::border& side, const double (&corners)[4][2], double x1, double y1, double x2,
+              double y2) {
   if (!isDrawn(side)) return;
   if (side.style == litehtml::border_style_dotted || side.style == litehtml::border_style_dashed) {
     strokeDashed(cr, side, x1, y1, x2, y2);

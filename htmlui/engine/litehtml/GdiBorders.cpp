@@ -8,16 +8,13 @@ namespace kvt1::html {
 namespace {
 
 // A side that is a plain rectangle of colour: not broken, not translucent.
-bool isPlain(const litehtml::border& side) {
-  return !isDrawn(side) || (!isBroken(side) && side.color.alpha == 255);
-}
+bool isPlain(const litehtml::border& side) { return !isDrawn(side) || (!isBroken(side) && side.color.alpha == 255); }
 
 // Four sides of one look around rounded corners: one stroke along their middle.
 void strokeRoundedRing(Gdiplus::Graphics& graphics, const litehtml::borders& borders, const litehtml::position& box) {
   const float half = borders.top.width / 2.0f;
   Gdiplus::GraphicsPath middle;
-  addRoundedRectangle(middle,
-                      Gdiplus::RectF(box.x + half, box.y + half, box.width - 2 * half, box.height - 2 * half),
+  addRoundedRectangle(middle, Gdiplus::RectF(box.x + half, box.y + half, box.width - 2 * half, box.height - 2 * half),
                       borders.radius, half);
   Gdiplus::Pen pen(colorOf(borders.top.color), float(borders.top.width));
   graphics.DrawPath(&pen, &middle);
@@ -30,8 +27,8 @@ void strokeBroken(Gdiplus::Graphics& graphics, const litehtml::border& side, flo
   graphics.DrawLine(&pen, x1, y1, x2, y2);
 }
 
-void fillSide(Gdiplus::Graphics& graphics, const litehtml::border& side, const Gdiplus::PointF (&corners)[4],
-              float x1, float y1, float x2, float y2) {
+void fillSide(Gdiplus::Graphics& graphics, const litehtml::border& side, const Gdiplus::PointF (&corners)[4], float x1,
+              float y1, float x2, float y2) {
   if (!isDrawn(side)) return;
   if (isBroken(side)) {
     strokeBroken(graphics, side, x1, y1, x2, y2);
@@ -84,8 +81,8 @@ bool fillSquareSides(GdiCanvas& canvas, const litehtml::borders& borders, const 
 void drawBorders(GdiCanvas& canvas, const litehtml::borders& borders, const litehtml::position& box) {
   const litehtml::border& top = borders.top;
   if (hasRadius(borders.radius)) {
-    if (isDrawn(top) && sameLook(top, borders.left) && sameLook(top, borders.right) &&
-        sameLook(top, borders.bottom) && !isBroken(top)) {
+    if (isDrawn(top) && sameLook(top, borders.left) && sameLook(top, borders.right) && sameLook(top, borders.bottom) &&
+        !isBroken(top)) {
       strokeRoundedRing(canvas.graphics(), borders, box);
       return;
     }

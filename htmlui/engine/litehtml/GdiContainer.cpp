@@ -164,9 +164,8 @@ bool GdiContainer::renderWindowPng(litehtml::document& document, const WindowPic
   return written;
 }
 
-litehtml::uint_ptr GdiContainer::create_font(const char* faceName, int size, int weight,
-                                             litehtml::font_style italic, unsigned int decoration,
-                                             litehtml::font_metrics* fm) {
+litehtml::uint_ptr GdiContainer::create_font(const char* faceName, int size, int weight, litehtml::font_style italic,
+                                             unsigned int decoration, litehtml::font_metrics* fm) {
   return fonts_.create(faceName ? faceName : GdiFonts::kDefaultFamily, size, weight,
                        italic == litehtml::font_style_italic, decoration, fm);
 }
@@ -176,8 +175,8 @@ void GdiContainer::delete_font(litehtml::uint_ptr) {}
 
 int GdiContainer::text_width(const char* text, litehtml::uint_ptr font) { return fonts_.textWidth(text, font); }
 
-void GdiContainer::draw_text(litehtml::uint_ptr, const char* text, litehtml::uint_ptr font,
-                             litehtml::web_color color, const litehtml::position& pos) {
+void GdiContainer::draw_text(litehtml::uint_ptr, const char* text, litehtml::uint_ptr font, litehtml::web_color color,
+                             const litehtml::position& pos) {
   if (!canvas_) return;
   canvas_->drawWithGdi([&](HDC dc) { fonts_.drawText(dc, text, font, color, pos); });
 }
@@ -247,8 +246,8 @@ void GdiContainer::draw_background(litehtml::uint_ptr, const std::vector<litehtm
   }
 }
 
-void GdiContainer::draw_borders(litehtml::uint_ptr, const litehtml::borders& borders,
-                                const litehtml::position& drawPos, bool) {
+void GdiContainer::draw_borders(litehtml::uint_ptr, const litehtml::borders& borders, const litehtml::position& drawPos,
+                                bool) {
   if (canvas_) drawBorders(*canvas_, borders, drawPos);
 }
 

@@ -137,8 +137,8 @@ GdiFonts::~GdiFonts() {
   DeleteDC(measuring_);
 }
 
-litehtml::uint_ptr GdiFonts::create(const std::string& families, int size, int weight, bool italic,
-                                    unsigned decoration, litehtml::font_metrics* metrics) {
+litehtml::uint_ptr GdiFonts::create(const std::string& families, int size, int weight, bool italic, unsigned decoration,
+                                    litehtml::font_metrics* metrics) {
   const Key key{faceOf(families), size, weight, italic, decoration};
   auto& font = fonts_[key];
   if (!font) font = std::make_unique<Font>(measuring_, key);

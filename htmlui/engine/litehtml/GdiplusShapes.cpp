@@ -42,8 +42,7 @@ void addRoundedRectangle(Gdiplus::GraphicsPath& path, const Gdiplus::RectF& box,
   const auto ry = [&](int r) { return std::clamp(r - shrink, 0.0f, box.Height / 2); };
   path.StartFigure();
   addCorner(path, x, y, rx(radius.top_left_x), ry(radius.top_left_y), 180, x, y);
-  addCorner(path, right - 2 * rx(radius.top_right_x), y, rx(radius.top_right_x), ry(radius.top_right_y), 270, right,
-            y);
+  addCorner(path, right - 2 * rx(radius.top_right_x), y, rx(radius.top_right_x), ry(radius.top_right_y), 270, right, y);
   addCorner(path, right - 2 * rx(radius.bottom_right_x), bottom - 2 * ry(radius.bottom_right_y),
             rx(radius.bottom_right_x), ry(radius.bottom_right_y), 0, right, bottom);
   addCorner(path, x, bottom - 2 * ry(radius.bottom_left_y), rx(radius.bottom_left_x), ry(radius.bottom_left_y), 90, x,

@@ -20,8 +20,7 @@ bool readNode(const litehtml::element::ptr& element, int& node) {
 
 // The border box around a content box: padding and border widths come from
 // the element's computed style, percentages against the containing width.
-LayoutBox aroundContent(const litehtml::position& content, const litehtml::element::ptr& element,
-                        int containingWidth) {
+LayoutBox aroundContent(const litehtml::position& content, const litehtml::element::ptr& element, int containingWidth) {
   const litehtml::css_properties& css = element->css();
   const litehtml::css_margins& padding = css.get_padding();
   const litehtml::css_borders& borders = css.get_borders();
@@ -73,7 +72,8 @@ std::optional<LayoutBox> NodeGeometry::visit(const litehtml::element::ptr& eleme
   const litehtml::position placement = element->get_placement();
   std::optional<LayoutBox> children;
   for (const litehtml::element::ptr& child : element->children()) {
-    if (auto box = visit(child, stacking, depth + 1, placement.width)) children = children ? unite(*children, *box) : *box;
+    if (auto box = visit(child, stacking, depth + 1, placement.width))
+      children = children ? unite(*children, *box) : *box;
   }
   // litehtml places the content box of an element, but inline elements and
   // table rows have none of their own: they cover what they hold (an inline
@@ -100,8 +100,7 @@ int NodeGeometry::hitTest(int x, int y) const {
   for (const Entry& entry : entries_) {
     if (!entry.visible || !holds(entry.box, x, y)) continue;
     // What is drawn last at the point: the latest positioned box, then the deepest element in it.
-    if (!best || entry.stacking > best->stacking ||
-        (entry.stacking == best->stacking && entry.depth >= best->depth)) {
+    if (!best || entry.stacking > best->stacking || (entry.stacking == best->stacking && entry.depth >= best->depth)) {
       best = &entry;
     }
   }

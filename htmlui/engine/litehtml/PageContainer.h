@@ -46,8 +46,7 @@ class PageContainer : public litehtml::document_container {
   // Draws the rendered document into a PNG file as the window shows it: its
   // top left part of the client area's size, in the window's frame and
   // under its caption bar.
-  virtual bool renderWindowPng(litehtml::document& document, const WindowPicture& picture,
-                               const std::string& path) = 0;
+  virtual bool renderWindowPng(litehtml::document& document, const WindowPicture& picture, const std::string& path) = 0;
 
   int pt_to_px(int pt) const override;
   int get_default_font_size() const override { return kDefaultFontSize; }

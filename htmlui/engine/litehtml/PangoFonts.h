@@ -21,8 +21,8 @@ class PangoFonts {
   PangoFonts& operator=(const PangoFonts&) = delete;
 
   // faceName is a CSS family list; size in pixels; weight 100..900.
-  litehtml::uint_ptr create(const std::string& faceName, int size, int weight, bool italic,
-                            unsigned decoration, litehtml::font_metrics* metrics);
+  litehtml::uint_ptr create(const std::string& faceName, int size, int weight, bool italic, unsigned decoration,
+                            litehtml::font_metrics* metrics);
   int textWidth(const char* text, litehtml::uint_ptr font);
   // Draws text on the baseline that litehtml places descent pixels above pos's bottom.
   void drawText(cairo_t* cr, const char* text, litehtml::uint_ptr font, const litehtml::position& pos);

@@ -123,8 +123,8 @@ void background(cairo_t* cr, int width, int height) {
   cairo_paint(cr);
   cairo_pattern_destroy(sky);
   // A soft light behind the aerodrome.
-  cairo_pattern_t* glow = cairo_pattern_create_radial(width * 0.66, height * 0.52, 10, width * 0.66, height * 0.52,
-                                                      width * 0.55);
+  cairo_pattern_t* glow =
+      cairo_pattern_create_radial(width * 0.66, height * 0.52, 10, width * 0.66, height * 0.52, width * 0.55);
   cairo_pattern_add_color_stop_rgba(glow, 0, 0.40, 0.70, 1.0, 0.22);
   cairo_pattern_add_color_stop_rgba(glow, 1, 0.40, 0.70, 1.0, 0.0);
   cairo_set_source(cr, glow);

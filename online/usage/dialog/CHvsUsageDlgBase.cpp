@@ -26,7 +26,7 @@ int CHvsUsageDlgBase::CheckedAnswer() const {
   const kvt1::CHTMElement checked = Root().SelectFirst(L"[name='yesno']:checked");
   if (!checked.IsValid()) return kUsageConsentDeclined;
   return std::wcstol(checked.GetAttribute("value").c_str(), nullptr, 10) == 1 ? kUsageConsentAgreed
-                                                                               : kUsageConsentDeclined;
+                                                                              : kUsageConsentDeclined;
 }
 
 void CHvsUsageDlgBase::End(int result) {

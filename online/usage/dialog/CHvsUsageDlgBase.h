@@ -13,8 +13,7 @@ class CHvsUsageDlgBase : public kvt1::CHTMDialogKVT<kvt1::CHTMDialog> {
   explicit CHvsUsageDlgBase(HWND parent);
 
  protected:
-  bool OnButtonClick(const kvt1::CHTMElement& element, const std::wstring& id,
-                     BEHAVIOR_EVENT_PARAMS& params) override;
+  bool OnButtonClick(const kvt1::CHTMElement& element, const std::wstring& id, BEHAVIOR_EVENT_PARAMS& params) override;
   // "More Information...".
   virtual void OnMoreInfo() = 0;
 

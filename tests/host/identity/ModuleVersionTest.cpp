@@ -18,7 +18,7 @@ TEST(ModuleVersion, NumberTextsLiveInARingOfSeven) {
   buffers.insert(first);
   for (int i = 0; i < 6; ++i) buffers.insert(moduleVersionNumber(VersionNumber::Product));
   EXPECT_EQ(buffers.size(), 7u);
-  EXPECT_STREQ(first, KVT1_TEST_VERSION_TEXT);  // still intact after six further calls
+  EXPECT_STREQ(first, KVT1_TEST_VERSION_TEXT);                 // still intact after six further calls
   EXPECT_EQ(moduleVersionNumber(VersionNumber::File), first);  // the eighth reuses the first
 }
 

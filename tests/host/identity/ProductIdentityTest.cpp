@@ -16,8 +16,8 @@ TEST(ProductIdentity, NamesAndCodesByNumber) {
 }
 
 TEST(ProductIdentity, ReleaseYearsAndModuleNames) {
-  const std::pair<int, const wchar_t*> years[] = {
-      {18, L"2010"}, {19, L"2013"}, {20, L"2015"}, {21, L"2017"}, {22, L"2018"}, {17, L"ERROR"}, {23, L"ERROR"}};
+  const std::pair<int, const wchar_t*> years[] = {{18, L"2010"}, {19, L"2013"},  {20, L"2015"}, {21, L"2017"},
+                                                  {22, L"2018"}, {17, L"ERROR"}, {23, L"ERROR"}};
   for (const auto& [release, year] : years) EXPECT_STREQ(releaseYear(release), year) << release;
 
   const std::wstring& name = moduleNameForRelease(22);

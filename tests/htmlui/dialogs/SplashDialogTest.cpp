@@ -27,9 +27,7 @@ class SplashDialogTest : public ProductDialogTest {
   }
 
   // One tick of the splash's timer, as the system delivers it.
-  void tick() {
-    platform::sendMessage(splash.GetHwnd(), WM_TIMER, CHTMSplashDlg::kSplashTimerId, 0);
-  }
+  void tick() { platform::sendMessage(splash.GetHwnd(), WM_TIMER, CHTMSplashDlg::kSplashTimerId, 0); }
 
   CKVTSplash splash{nullptr};
 };

@@ -68,8 +68,7 @@ class EditingTest : public ::testing::Test {
                      "<input id='tick' type='checkbox'/>"
                      "<div id='pane'><button id='ok'>OK</button></div>"
                      "</body></html>"));
-    engine.AttachEventHandlerEx(rootOf(engine, window()), &htmlayout::event_handler::element_proc, &log,
-                                HANDLE_ALL);
+    engine.AttachEventHandlerEx(rootOf(engine, window()), &htmlayout::event_handler::element_proc, &log, HANDLE_ALL);
   }
 
   HELEMENT byId(const std::string& id) {
@@ -95,9 +94,9 @@ TEST_F(EditingTest, CharactersGoToTheEndOfTheFocusedInputBetweenChangingAndChang
   type(L"c\u00e9");
   EXPECT_EQ(value("name"), "abc\xc3\xa9");
   const std::string ins = std::to_string(BY_INS_CHAR);
-  EXPECT_EQ(log.events, (std::vector<std::string>{"changing:name:" + ins + ":ab", "changed:name:" + ins + ":abc",
-                                                  "changing:name:" + ins + ":abc",
-                                                  "changed:name:" + ins + ":abc\xc3\xa9"}));
+  EXPECT_EQ(log.events,
+            (std::vector<std::string>{"changing:name:" + ins + ":ab", "changed:name:" + ins + ":abc",
+                                      "changing:name:" + ins + ":abc", "changed:name:" + ins + ":abc\xc3\xa9"}));
   // The layout's copy of the page shows the new value.
   EXPECT_NE(engine.serializeForLayout(window()).find("value=\"abc\xc3\xa9\""), std::string::npos);
 }

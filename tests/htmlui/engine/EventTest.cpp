@@ -24,8 +24,7 @@ class Recorder : public htmlayout::event_handler {
 
   BOOL on_event(HELEMENT he, HELEMENT target, BEHAVIOR_EVENTS type, UINT_PTR reason) override {
     const bool sinking = (type & SINKING) != 0;
-    const std::string entry =
-        name_ + (sinking ? ":sink:" : ":bubble:") + std::to_string(type & ~(SINKING | HANDLED));
+    const std::string entry = name_ + (sinking ? ":sink:" : ":bubble:") + std::to_string(type & ~(SINKING | HANDLED));
     log_.push_back(entry);
     if (onEvent) onEvent();
     return entry == handleAt ? TRUE : FALSE;
@@ -62,8 +61,7 @@ class EventTest : public ::testing::Test {
   }
   HELEMENT byId(const char* id) { return selectFirst(engine, root, (std::string("#") + id).c_str()); }
   void attach(HELEMENT he, Recorder& r) {
-    ASSERT_EQ(engine.AttachEventHandlerEx(he, &htmlayout::event_handler::element_proc, &r, r.subscribed_to),
-              HLDOM_OK);
+    ASSERT_EQ(engine.AttachEventHandlerEx(he, &htmlayout::event_handler::element_proc, &r, r.subscribed_to), HLDOM_OK);
   }
 
   DomEngine engine;
@@ -112,9 +110,7 @@ TEST_F(EventTest, HandlerDetachedDuringDispatchIsNotCalledAgain) {
   Recorder outer(log, "outer"), btn(log, "btn");
   attach(byId("outer"), outer);
   attach(byId("btn"), btn);
-  btn.onEvent = [&] {
-    engine.DetachEventHandler(byId("outer"), &htmlayout::event_handler::element_proc, &outer);
-  };
+  btn.onEvent = [&] { engine.DetachEventHandler(byId("outer"), &htmlayout::event_handler::element_proc, &outer); };
   engine.click(byId("btn"));
   EXPECT_EQ(log, (Log{"outer:sink:0", "btn:sink:0", "btn:bubble:0"}));
 }
@@ -142,8 +138,7 @@ TEST_F(EventTest, AttachAndDetachInitialiseTheHandler) {
   engine.DetachEventHandler(btn, &htmlayout::event_handler::element_proc, &life);
   EXPECT_EQ(life.calls, (std::vector<HELEMENT>{btn, nullptr}));
   EXPECT_EQ(engine.DetachEventHandler(btn, &htmlayout::event_handler::element_proc, &life), HLDOM_INVALID_PARAMETER);
-  engine.AttachEventHandlerEx(btn, &htmlayout::event_handler::element_proc, &life,
-                              HANDLE_ALL | DISABLE_INITIALIZATION);
+  engine.AttachEventHandlerEx(btn, &htmlayout::event_handler::element_proc, &life, HANDLE_ALL | DISABLE_INITIALIZATION);
   EXPECT_EQ(life.calls.size(), 2u);
 }
 
@@ -216,7 +211,7 @@ TEST_F(EventTest, TimersRunOnTheEnginesClock) {
   EXPECT_EQ(log, (Log{"btn:timer7", "btn:timer7", "p:timer8", "btn:timer7"}));
   log.clear();
   engine.SetTimerEx(byId("btn"), 0, 7);  // stopped
-  p.timerTicksLeft = 1;  // answers FALSE at its next tick: stopped
+  p.timerTicksLeft = 1;                  // answers FALSE at its next tick: stopped
   engine.tick(1000);
   EXPECT_EQ(log, (Log{"p:timer8"}));
 }

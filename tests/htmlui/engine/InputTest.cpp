@@ -33,8 +33,8 @@ class ClickLog : public htmlayout::event_handler {
   }
   // Keys and presses as the bubbling phase sees them: "target:cmd:code".
   BOOL on_key(HELEMENT, HELEMENT target, UINT type, UINT code, UINT) override {
-    if ((type & SINKING) == 0) keys.push_back(attribute(engine_, target, "id") + ":" + std::to_string(type) + ":" +
-                                              std::to_string(code));
+    if ((type & SINKING) == 0)
+      keys.push_back(attribute(engine_, target, "id") + ":" + std::to_string(type) + ":" + std::to_string(code));
     return FALSE;
   }
   BOOL on_mouse(HELEMENT, HELEMENT target, UINT type, POINT pos, UINT, UINT) override {
@@ -119,7 +119,7 @@ TEST_F(InputTest, AClickIsAPressAndAReleaseOnOneElement) {
   send(WM_LBUTTONDOWN, 1, at(15, 12));
   send(WM_LBUTTONUP, 0, at(50, 65));
   EXPECT_EQ(stateOf("ok") & STATE_PRESSED, 0u);  // released where it was pressed
-  send(WM_LBUTTONUP, 0, at(15, 12));                // a release without a press
+  send(WM_LBUTTONUP, 0, at(15, 12));             // a release without a press
   EXPECT_TRUE(log.clicks.empty());
 }
 

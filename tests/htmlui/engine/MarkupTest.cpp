@@ -73,8 +73,7 @@ TEST_F(MarkupTest, TagsLeftOpenAreClosedWhereTheNextImpliesIt) {
             "<table><tr><td>1</td><td>2</td></tr><tr><td>3</td></tr></table>");
   EXPECT_EQ(body("<body><p>one<p>two<div>three</div></body>"), "<p>one</p><p>two</p><div>three</div>");
   // Nested lists keep their own items.
-  EXPECT_EQ(body("<body><ul><li>a<ul><li>b</ul><li>c</ul></body>"),
-            "<ul><li>a<ul><li>b</li></ul></li><li>c</li></ul>");
+  EXPECT_EQ(body("<body><ul><li>a<ul><li>b</ul><li>c</ul></body>"), "<ul><li>a<ul><li>b</li></ul></li><li>c</li></ul>");
   // A stray end tag is ignored; an end tag closes what is open inside it.
   EXPECT_EQ(body("<body></span><div><b>bold</div>x</body>"), "<div><b>bold</b></div>x");
 }
@@ -110,9 +109,9 @@ TEST_F(MarkupTest, Utf16PageWithByteOrderMarkAndUtf8WithIt) {
 }
 
 TEST_F(MarkupTest, BadInputGivesSomeTreeAndNeverFails) {
-  const char* inputs[] = {"",        "<",          "<<<>>>",       "</",         "<div",       "<div id='x",
-                          "<a =b>",  "<!--",       "<!doctype",    "<style>x",   "&&&;&#;&#x;", "<p/><br/></br>",
-                          "<1a>",    "<a b=\"c>d", "<div(((((>", "<x .>", "<x #>", "<x |>"};
+  const char* inputs[] = {"",       "<",          "<<<>>>",     "</",       "<div",        "<div id='x",
+                          "<a =b>", "<!--",       "<!doctype",  "<style>x", "&&&;&#;&#x;", "<p/><br/></br>",
+                          "<1a>",   "<a b=\"c>d", "<div(((((>", "<x .>",    "<x #>",       "<x |>"};
   for (const char* input : inputs) {
     SCOPED_TRACE(input);
     HELEMENT root = page(input);

@@ -86,13 +86,16 @@ TEST(LayoutSnapshotTest, ExpandedMarkupWithNodesStatesAndMergedStyles) {
   engine.SetElementState(p, STATE_CHECKED | STATE_HOVER | STATE_DISABLED, 0, FALSE);
   engine.ShowPopupAt(selectFirst(engine, root, "#m"), POINT{0, 0}, 0);
   const std::string snapshot = engine.serializeForLayout(window());
-  const auto node = [&](HELEMENT he) { return "kvt1-node=\"" + std::to_string(reinterpret_cast<std::uintptr_t>(he)) + "\""; };
-  EXPECT_EQ(snapshot, "<html " + node(root) + "><body " + node(selectFirst(engine, root, "body")) + "><menu " +
-                          node(selectFirst(engine, root, "menu")) +
-                          " id=\"m\" class=\"ctx kvt1-popup\" style=\"position:absolute; left:0px; top:0px;\">x</menu><p " +
-                          node(p) +
-                          " class=\"kvt1-checked kvt1-disabled kvt1-hover\" style=\"color:blue; width:1px; "
-                          "height:2px;\">p</p></body></html>");
+  const auto node = [&](HELEMENT he) {
+    return "kvt1-node=\"" + std::to_string(reinterpret_cast<std::uintptr_t>(he)) + "\"";
+  };
+  EXPECT_EQ(snapshot,
+            "<html " + node(root) + "><body " + node(selectFirst(engine, root, "body")) + "><menu " +
+                node(selectFirst(engine, root, "menu")) +
+                " id=\"m\" class=\"ctx kvt1-popup\" style=\"position:absolute; left:0px; top:0px;\">x</menu><p " +
+                node(p) +
+                " class=\"kvt1-checked kvt1-disabled kvt1-hover\" style=\"color:blue; width:1px; "
+                "height:2px;\">p</p></body></html>");
   EXPECT_EQ(html(engine, p, true), "<p style=\"color: red; width: 1px\">p</p>");  // the page itself is unchanged
 }
 

@@ -34,9 +34,7 @@ class SelectorTest : public ::testing::Test {
     EXPECT_EQ(result, HLDOM_OK) << selector;
     return ids(engine, found);
   }
-  HELEMENT byId(const char* id) {
-    return selectFirst(engine, root, (std::string("[id='") + id + "']").c_str());
-  }
+  HELEMENT byId(const char* id) { return selectFirst(engine, root, (std::string("[id='") + id + "']").c_str()); }
 
   DomEngine engine;
   HELEMENT root = nullptr;
@@ -77,7 +75,7 @@ TEST_F(SelectorTest, CombinatorsGroupsAndRootScope) {
   EXPECT_EQ(find("li, [FPID]"), "d1 l1 l2 l3 m1i1");
   HELEMENT list = byId("u1");
   EXPECT_EQ(find(":root > li", list), "l1 l2 l3");
-  EXPECT_EQ(find(":root", list), "");  // the scope itself is not among the results
+  EXPECT_EQ(find(":root", list), "");           // the scope itself is not among the results
   EXPECT_EQ(find("div li", list), "l1 l2 l3");  // ancestors outside the scope still count
   EXPECT_EQ(find("li", byId("m1")), "m1i1");
 }
@@ -111,9 +109,9 @@ TEST_F(SelectorTest, StatePseudoClassesFollowStates) {
 }
 
 TEST_F(SelectorTest, MalformedSelectorsCallBackNothing) {
-  const char* bad[] = {"",      " ",       "div >",     "> div",   "div,",  ",div",   "[",         "[a",
-                       "[a=]",  "[a='b]",  "[a|=b]",    "[a=b c]", ".",     "#",      "div..x",    ":nosuch",
-                       ":not(", ":not()",  ":not(a b)", "a >> b",  "a + b", "a ~ b",  "li:not(li", "{}"};
+  const char* bad[] = {"",      " ",      "div >",     "> div",   "div,",  ",div",  "[",         "[a",
+                       "[a=]",  "[a='b]", "[a|=b]",    "[a=b c]", ".",     "#",     "div..x",    ":nosuch",
+                       ":not(", ":not()", ":not(a b)", "a >> b",  "a + b", "a ~ b", "li:not(li", "{}"};
   for (const char* selector : bad) {
     HLDOM_RESULT result = HLDOM_OK;
     const std::vector<HELEMENT> found = selectAll(engine, root, selector, &result);

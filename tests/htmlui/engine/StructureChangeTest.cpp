@@ -45,8 +45,8 @@ HELEMENT held(DomEngine& e, const char* id) {
 }
 
 const Case kCases[] = {
-    {"content replaced", nothing,
-     [](DomEngine& e, HELEMENT) { setHtml(e, "a", "<p #n1></p>", SIH_REPLACE_CONTENT); }, "p", "n1 b1"},
+    {"content replaced", nothing, [](DomEngine& e, HELEMENT) { setHtml(e, "a", "<p #n1></p>", SIH_REPLACE_CONTENT); },
+     "p", "n1 b1"},
     {"content inserted at the start", nothing,
      [](DomEngine& e, HELEMENT) { setHtml(e, "b", "<p #n1></p>", SIH_INSERT_AT_START); }, "p", "a1 a2 n1 b1"},
     {"content appended", nothing,
@@ -54,13 +54,12 @@ const Case kCases[] = {
      "a1 a2 n1 n2 b1"},
     {"html inserted before", nothing,
      [](DomEngine& e, HELEMENT) { setHtml(e, "b1", "<p #n1></p>", SOH_INSERT_BEFORE); }, "#b p", "n1 b1"},
-    {"html inserted after", nothing,
-     [](DomEngine& e, HELEMENT) { setHtml(e, "a1", "<p #n1></p>", SOH_INSERT_AFTER); }, "p", "a1 n1 a2 b1"},
+    {"html inserted after", nothing, [](DomEngine& e, HELEMENT) { setHtml(e, "a1", "<p #n1></p>", SOH_INSERT_AFTER); },
+     "p", "a1 n1 a2 b1"},
     {"an element replaced by html", nothing,
      [](DomEngine& e, HELEMENT) { setHtml(e, "a2", "<p #n1></p>", SOH_REPLACE); }, "p", "a1 n1 b1"},
     {"inner text set", nothing,
-     [](DomEngine& e, HELEMENT) { ASSERT_EQ(e.SetElementInnerText16(byId(e, "a"), L"text", 4), HLDOM_OK); }, "p",
-     "b1"},
+     [](DomEngine& e, HELEMENT) { ASSERT_EQ(e.SetElementInnerText16(byId(e, "a"), L"text", 4), HLDOM_OK); }, "p", "b1"},
     {"inner text cleared while its elements are held",
      [](DomEngine& e) {
        held(e, "a2");

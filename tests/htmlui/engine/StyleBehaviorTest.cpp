@@ -49,17 +49,17 @@ struct Host : htmlayout::notification_handler<Host> {
 struct Case {
   const char* name;
   const char* page;
-  const char* inserted;  // appended to #holder after the load, when set
-  const char* clicks;  // "behaviour:id", or "" when the press clicks nothing
+  const char* inserted;   // appended to #holder after the load, when set
+  const char* clicks;     // "behaviour:id", or "" when the press clicks nothing
   const char* attribute;  // what GetAttributeByName("behavior") answers for #area
 };
 
 const Case kCases[] = {
-    {"a sheet rule", "<style>#area { behavior: alpha; }</style><body><div #area></div></body>", nullptr,
-     "alpha:area", "(none)"},
+    {"a sheet rule", "<style>#area { behavior: alpha; }</style><body><div #area></div></body>", nullptr, "alpha:area",
+     "(none)"},
     {"a more specific earlier rule over a later one",
-     "<style>div#area { behavior: beta } .zone { behavior: alpha }</style><body><div #area.zone></div></body>",
-     nullptr, "beta:area", "(none)"},
+     "<style>div#area { behavior: beta } .zone { behavior: alpha }</style><body><div #area.zone></div></body>", nullptr,
+     "beta:area", "(none)"},
     {"the later of equally specific rules",
      "<style>.zone { behavior: alpha } .zone { behavior: beta }</style><body><div #area.zone></div></body>", nullptr,
      "beta:area", "(none)"},
@@ -67,14 +67,13 @@ const Case kCases[] = {
      "<style>/* two */ #area { behavior: alpha; behavior: beta }</style><body><div #area></div></body>", nullptr,
      "beta:area", "(none)"},
     {"a selector list, its matching alternative",
-     "<style>p, body > div { behavior: alpha }</style><body><div #area></div></body>", nullptr, "alpha:area",
-     "(none)"},
+     "<style>p, body > div { behavior: alpha }</style><body><div #area></div></body>", nullptr, "alpha:area", "(none)"},
     {"an imported sheet before the page's own rules",
      "<style>@import url(more.css); .zone { behavior: beta }</style><body><div #area.zone></div></body>", nullptr,
      "beta:area", "(none)"},
     {"an imported sheet's more specific rule",
-     "<style>@import url(more.css); div { behavior: alpha }</style><body><div #area.zone.wide></div></body>",
-     nullptr, "beta:area", "(none)"},
+     "<style>@import url(more.css); div { behavior: alpha }</style><body><div #area.zone.wide></div></body>", nullptr,
+     "beta:area", "(none)"},
     {"an inline style over the sheets",
      "<style>#area { behavior: alpha }</style><body><div #area style='color: red; behavior: beta'></div></body>",
      nullptr, "beta:area", "(none)"},

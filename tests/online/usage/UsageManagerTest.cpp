@@ -114,8 +114,7 @@ TEST_F(UsageManager, TheRunsReportHoldsTheLoginAndTheIdentity) {
 
   const std::uint32_t version = platform::packedOsVersion();
   ASSERT_EQ(report->Logins().size(), 1u);
-  EXPECT_EQ(report->Logins()[0].platform,
-            platform::formatWide(L"TestCAD::x86::%d", static_cast<int>(version)));
+  EXPECT_EQ(report->Logins()[0].platform, platform::formatWide(L"TestCAD::x86::%d", static_cast<int>(version)));
   EXPECT_EQ(report->Logins()[0].times, (std::vector<std::uint32_t>{kStart}));
   ASSERT_EQ(report->Custom().size(), 2u);
   EXPECT_EQ(report->Custom()[0].name, L"WinXP");

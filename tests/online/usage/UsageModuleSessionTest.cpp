@@ -43,9 +43,7 @@ class UsageModuleSession : public emu::EmulatorSession {
     }
     return service.uploads();
   }
-  std::wstring reportPath() {
-    return installation.folder() + L"\\UserData\\UsageReports\\UsageReport_0_30.rpt";
-  }
+  std::wstring reportPath() { return installation.folder() + L"\\UserData\\UsageReports\\UsageReport_0_30.rpt"; }
 
   service::UpdateService service;
 };

@@ -59,8 +59,9 @@ TEST_F(UsageReportStoreTest, SavesAZlibStreamAndPlainTextAndReadsBoth) {
 }
 
 TEST_F(UsageReportStoreTest, AHandWrittenPlainReportIsRead) {
-  writeBytes(path, "{ \"UsageReport\" : {\n  \"VER\" : 1, \"LastSend\" : 1234,\n"
-                   "  \"Counters\" : { \"Num\" : 1, \"0_Name\" : \"Count::Regulation::ICAO\", \"0_Ct\" : 9 } } }\n");
+  writeBytes(path,
+             "{ \"UsageReport\" : {\n  \"VER\" : 1, \"LastSend\" : 1234,\n"
+             "  \"Counters\" : { \"Num\" : 1, \"0_Name\" : \"Count::Regulation::ICAO\", \"0_Ct\" : 9 } } }\n");
   Hv::CHvUsageReport read;
   ASSERT_EQ(load(read), ReportLoad::Loaded);
   EXPECT_EQ(read.LastSend(), 1234u);
@@ -73,16 +74,17 @@ TEST_F(UsageReportStoreTest, WhatIsNoReportIsUnreadableAndLeftAlone) {
 
   const std::string whole = usage::deflateText(usage::reportFileText(report));
   const std::string bad[] = {
-      whole.substr(0, whole.size() / 2),                       // truncated stream
-      whole + "trailing",                                      // bytes after the stream
-      usage::deflateText("this is not JSON"),                  // a stream of something else
-      "\x78\x9c garbage \xff\xfe",                             // garbage with a zlib header
-      "",                                                      // empty
-      R"({"UsageReport":{"VER":2,"LastSend":5}})",              // a newer format
+      whole.substr(0, whole.size() / 2),            // truncated stream
+      whole + "trailing",                           // bytes after the stream
+      usage::deflateText("this is not JSON"),       // a stream of something else
+      "\x78\x9c garbage \xff\xfe",                  // garbage with a zlib header
+      "",                                           // empty
+      R"({"UsageReport":{"VER":2,"LastSend":5}})",  // a newer format
       usage::deflateText(R"({"UsageReport":{"VER":2}})"),
-      std::string(100, '[') ,                                  // unfinished JSON
+      std::string(100, '['),                                                     // unfinished JSON
       usage::reportFileText(report) + std::string(usage::kMaxReportBytes, ' '),  // beyond the size bound
-      usage::deflateText(usage::reportFileText(report) + std::string(usage::kMaxReportBytes, ' ')),  // inflates beyond it
+      usage::deflateText(usage::reportFileText(report) +
+                         std::string(usage::kMaxReportBytes, ' ')),  // inflates beyond it
   };
   for (const std::string& bytes : bad) {
     writeBytes(path, bytes);
@@ -109,7 +111,8 @@ TEST_F(UsageReportStoreTest, ASaveThatFailsAtAnyStepLeavesThePreviousReport) {
   const std::string before = fileBytes(path);
   Hv::CHvUsageReport bigger = report;
   bigger.AddCount(L"Count::Regulation::FAA", 1);
-  for (const platform::SaveStep step : {platform::SaveStep::Write, platform::SaveStep::Flush, platform::SaveStep::Replace}) {
+  for (const platform::SaveStep step :
+       {platform::SaveStep::Write, platform::SaveStep::Flush, platform::SaveStep::Replace}) {
     for (const bool compressed : {true, false}) {
       platform::armSaveFault(step);
       EXPECT_FALSE(UsageReportStore().Save(path, bigger, compressed)) << static_cast<int>(step);
@@ -166,7 +169,8 @@ TEST_F(UsageReportStoreTest, AnIndependentReaderSeesTheSameReport) {
       "[\"UsageReport\"]; sys.exit(0 if r[\"VER\"] == 1 and r[\"ToolUses\"][\"Num\"] == 2 and "
       "r[\"ToolUses\"][\"1_Tool\"] == \"Gel\\u00e4nde\" and r[\"ToolUses\"][\"0_Times\"] == [1001] and "
       "r[\"Counters\"][\"0_Ct\"] == 2 and r[\"Logins\"][\"0_Platform\"] == \"TestCAD::x86::5\" and "
-      "r[\"Guid\"] == \"{0F8FAD5B-D9CB-469F-A165-70867728950E}\" else 1)' '" + native + "'";
+      "r[\"Guid\"] == \"{0F8FAD5B-D9CB-469F-A165-70867728950E}\" else 1)' '" +
+      native + "'";
   EXPECT_EQ(std::system(command.c_str()), 0) << command;
 }
 #endif

@@ -34,9 +34,7 @@ Hv::CHvUsageReport sampleReport() {
   return report;
 }
 
-bool readText(const std::string& text, Hv::CHvUsageReport& report) {
-  return usage::readReportFileText(text, report);
-}
+bool readText(const std::string& text, Hv::CHvUsageReport& report) { return usage::readReportFileText(text, report); }
 
 Json::Value reportObject(const Hv::CHvUsageReport& report) {
   json::OrderedObject ordered;
@@ -89,12 +87,10 @@ TEST(UsageReportJson, TheFileAndTheFrameKeepTheMembersInTheirOrder) {
   Hv::CHvUsageReport report = sampleReport();
   // Eleven counters: "10_Name" comes after "9_Ct", not after "1_Ct".
   for (int i = 1; i <= 10; ++i) report.AddCount(L"Count::" + std::to_wstring(i), i);
-  std::vector<std::string> expected = {"VER",        "LastSend",   "LicenseNum", "Product",  "Guid",
-                                       "Eval",       "Logins",     "Num",        "0_Platform", "0_Times",
-                                       "ToolUses",   "Num",        "0_Tool",     "0_Times",  "1_Tool",
-                                       "1_Times",    "Custom",     "Num",        "0_Name",   "0_Dupes",
-                                       "0_Vals",     "1_Name",     "1_Dupes",    "1_Vals",   "Counters",
-                                       "Num"};
+  std::vector<std::string> expected = {"VER",    "LastSend",   "LicenseNum", "Product",  "Guid",   "Eval",    "Logins",
+                                       "Num",    "0_Platform", "0_Times",    "ToolUses", "Num",    "0_Tool",  "0_Times",
+                                       "1_Tool", "1_Times",    "Custom",     "Num",      "0_Name", "0_Dupes", "0_Vals",
+                                       "1_Name", "1_Dupes",    "1_Vals",     "Counters", "Num"};
   for (int i = 0; i <= 10; ++i) {
     expected.push_back(std::to_string(i) + "_Name");
     expected.push_back(std::to_string(i) + "_Ct");

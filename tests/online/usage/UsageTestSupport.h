@@ -46,7 +46,6 @@ void makeFolderReadOnly(const std::wstring& folder, bool readOnly);
 // The names in the folder, sorted; empty for a missing folder.
 std::vector<std::string> folderEntries(const std::wstring& folder);
 
-
 // The counter's count in the report; -1 when it has none of that name.
 std::int32_t counterOf(const Hv::CHvUsageReport& report, const std::wstring& name);
 

@@ -102,14 +102,15 @@ TEST(UsageUploadAddress, IsHttpsToTheMakersServiceUnlessTheInstallationNamesOne)
   loadUpdateServices(programFolder());
   const std::wstring host = Hv::Http::CHvHttpClientManager::Instance()->GetHost();
   EXPECT_EQ(usage::usageUploadUrl(), L"https://" + host + L"/UsageReportService/Upload");
-  EXPECT_EQ(Hv::Http::CHvAutomaticUpdateManager::Instance()->RequestUrl(30, L"1.1", L"ENG").rfind(L"http://127.0.0.1:9/", 0),
-            0u);
+  EXPECT_EQ(
+      Hv::Http::CHvAutomaticUpdateManager::Instance()->RequestUrl(30, L"1.1", L"ENG").rfind(L"http://127.0.0.1:9/", 0),
+      0u);
   releaseUpdateServices();
 }
 
 TEST_F(UsageUpload, AnyAnswerBut200LeavesTheReportForTheNextStart) {
-  for (const service::ServiceMode mode : {service::ServiceMode::ServerError, service::ServiceMode::NoContent,
-                                          service::ServiceMode::Close}) {
+  for (const service::ServiceMode mode :
+       {service::ServiceMode::ServerError, service::ServiceMode::NoContent, service::ServiceMode::Close}) {
     service.setMode(mode);
     const std::string before = fileBytes(path());
     manager.DecideConsent();

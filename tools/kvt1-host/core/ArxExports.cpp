@@ -34,7 +34,9 @@ int acedSetFunHelp(const ACHAR* pszFunctionName, const ACHAR* pszHelpfile, const
 
 int acedGetFunCode(void) { return host().inCall() ? host().callCode() : RTERROR; }
 
-struct resbuf* acedGetArgs(void) { return host().inCall() ? host().callArgs() : nullptr; }
+struct resbuf* acedGetArgs(void) {
+  return host().inCall() ? host().callArgs() : nullptr;
+}
 
 int acedRetList(const struct resbuf* rbuf) {
   if (!host().inCall()) return RTERROR;

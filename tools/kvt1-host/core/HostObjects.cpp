@@ -50,16 +50,16 @@ Acad::ErrorStatus CommandStack::addCommand(const ACHAR* cmdGroupName, const ACHA
         platform::equalsIgnoringCase(command.globalName, cmdGlobalName))
       return kRefused;
   }
-  commands_.push_back({cmdGroupName, cmdGlobalName, cmdLocalName, commandFlags, functionAddr, resourceHandle(resource)});
+  commands_.push_back(
+      {cmdGroupName, cmdGlobalName, cmdLocalName, commandFlags, functionAddr, resourceHandle(resource)});
   return Acad::eOk;
 }
 
 Acad::ErrorStatus CommandStack::removeGroup(const ACHAR* groupName) {
   if (!groupName) return kRefused;
-  const auto end = std::remove_if(commands_.begin(), commands_.end(),
-                                  [&](const Command& command) {
-                                    return platform::equalsIgnoringCase(command.group, groupName);
-                                  });
+  const auto end = std::remove_if(commands_.begin(), commands_.end(), [&](const Command& command) {
+    return platform::equalsIgnoringCase(command.group, groupName);
+  });
   if (end == commands_.end()) return kRefused;
   commands_.erase(end, commands_.end());
   return Acad::eOk;

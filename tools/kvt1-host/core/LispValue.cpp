@@ -57,12 +57,23 @@ std::wstring quotedString(const std::wstring& text) {
   std::wstring out = L"\"";
   for (wchar_t c : text) {
     switch (c) {
-      case L'\\': out += L"\\\\"; break;
-      case L'"': out += L"\\\""; break;
-      case L'\n': out += L"\\n"; break;
-      case L'\t': out += L"\\t"; break;
-      case L'\r': out += L"\\r"; break;
-      default: out += c;
+      case L'\\':
+        out += L"\\\\";
+        break;
+      case L'"':
+        out += L"\\\"";
+        break;
+      case L'\n':
+        out += L"\\n";
+        break;
+      case L'\t':
+        out += L"\\t";
+        break;
+      case L'\r':
+        out += L"\\r";
+        break;
+      default:
+        out += c;
     }
   }
   return out + L"\"";
@@ -72,12 +83,18 @@ std::wstring quotedString(const std::wstring& text) {
 
 std::wstring toLispText(const LispValue& value) {
   switch (value.kind) {
-    case LispValue::Kind::Nil: return L"nil";
-    case LispValue::Kind::T: return L"T";
-    case LispValue::Kind::Integer: return std::to_wstring(value.integer);
-    case LispValue::Kind::Real: return realText(value.real);
-    case LispValue::Kind::String: return quotedString(value.text);
-    case LispValue::Kind::Symbol: return value.text;
+    case LispValue::Kind::Nil:
+      return L"nil";
+    case LispValue::Kind::T:
+      return L"T";
+    case LispValue::Kind::Integer:
+      return std::to_wstring(value.integer);
+    case LispValue::Kind::Real:
+      return realText(value.real);
+    case LispValue::Kind::String:
+      return quotedString(value.text);
+    case LispValue::Kind::Symbol:
+      return value.text;
     case LispValue::Kind::List: {
       std::wstring out = L"(";
       for (std::size_t i = 0; i < value.items.size(); ++i) {

@@ -13,8 +13,8 @@ struct LispValue {
   Kind kind = Kind::Nil;
   std::int64_t integer = 0;
   double real = 0.0;
-  std::wstring text;              // string contents or symbol name
-  std::vector<LispValue> items;   // list elements
+  std::wstring text;             // string contents or symbol name
+  std::vector<LispValue> items;  // list elements
 
   static LispValue nil() { return {}; }
   static LispValue t() { return make(Kind::T); }

@@ -34,8 +34,12 @@ struct ListBuilder {
 
 void appendValue(ListBuilder& out, const LispValue& value) {
   switch (value.kind) {
-    case LispValue::Kind::Nil: out.add(RTNIL); break;
-    case LispValue::Kind::T: out.add(RTT); break;
+    case LispValue::Kind::Nil:
+      out.add(RTNIL);
+      break;
+    case LispValue::Kind::T:
+      out.add(RTT);
+      break;
     case LispValue::Kind::Integer:
       if (value.integer >= -32768 && value.integer <= 32767) {
         out.add(RTSHORT)->resval.rint = static_cast<short>(value.integer);
@@ -43,9 +47,15 @@ void appendValue(ListBuilder& out, const LispValue& value) {
         out.add(RTLONG)->resval.rlong = static_cast<std::int32_t>(value.integer);
       }
       break;
-    case LispValue::Kind::Real: out.add(RTREAL)->resval.rreal = value.real; break;
-    case LispValue::Kind::String: out.add(RTSTR)->resval.rstring = copyString(value.text.c_str()); break;
-    case LispValue::Kind::Symbol: out.add(RTNIL); break;
+    case LispValue::Kind::Real:
+      out.add(RTREAL)->resval.rreal = value.real;
+      break;
+    case LispValue::Kind::String:
+      out.add(RTSTR)->resval.rstring = copyString(value.text.c_str());
+      break;
+    case LispValue::Kind::Symbol:
+      out.add(RTNIL);
+      break;
     case LispValue::Kind::List:
       out.add(RTLB);
       for (const LispValue& item : value.items) appendValue(out, item);
@@ -59,31 +69,45 @@ std::vector<LispValue> readValues(const resbuf*& rb) {
   std::vector<LispValue> values;
   for (; rb != nullptr; rb = rb->rbnext) {
     switch (rb->restype) {
-      case RTLE: return values;
+      case RTLE:
+        return values;
       case RTLB: {
         rb = rb->rbnext;
         values.push_back(LispValue::list(readValues(rb)));
         if (rb == nullptr) return values;
         break;
       }
-      case RTSHORT: values.push_back(LispValue::fromInteger(rb->resval.rint)); break;
-      case RTLONG: values.push_back(LispValue::fromInteger(rb->resval.rlong)); break;
+      case RTSHORT:
+        values.push_back(LispValue::fromInteger(rb->resval.rint));
+        break;
+      case RTLONG:
+        values.push_back(LispValue::fromInteger(rb->resval.rlong));
+        break;
       case RTREAL:
       case RTANG:
-      case RTORINT: values.push_back(LispValue::fromReal(rb->resval.rreal)); break;
-      case RTSTR: values.push_back(LispValue::fromString(rb->resval.rstring ? rb->resval.rstring : L"")); break;
-      case RTT: values.push_back(LispValue::t()); break;
+      case RTORINT:
+        values.push_back(LispValue::fromReal(rb->resval.rreal));
+        break;
+      case RTSTR:
+        values.push_back(LispValue::fromString(rb->resval.rstring ? rb->resval.rstring : L""));
+        break;
+      case RTT:
+        values.push_back(LispValue::t());
+        break;
       case RTPOINT:
-        values.push_back(LispValue::list(
-            {LispValue::fromReal(rb->resval.rpoint[0]), LispValue::fromReal(rb->resval.rpoint[1])}));
+        values.push_back(
+            LispValue::list({LispValue::fromReal(rb->resval.rpoint[0]), LispValue::fromReal(rb->resval.rpoint[1])}));
         break;
       case RT3DPOINT:
-        values.push_back(LispValue::list({LispValue::fromReal(rb->resval.rpoint[0]),
-                                          LispValue::fromReal(rb->resval.rpoint[1]),
-                                          LispValue::fromReal(rb->resval.rpoint[2])}));
+        values.push_back(
+            LispValue::list({LispValue::fromReal(rb->resval.rpoint[0]), LispValue::fromReal(rb->resval.rpoint[1]),
+                             LispValue::fromReal(rb->resval.rpoint[2])}));
         break;
-      case RTDOTE: values.push_back(LispValue::symbol(L".")); break;
-      default: values.push_back(LispValue::nil());
+      case RTDOTE:
+        values.push_back(LispValue::symbol(L"."));
+        break;
+      default:
+        values.push_back(LispValue::nil());
     }
   }
   return values;
@@ -106,19 +130,29 @@ resbuf* buildList(int firstType, std::va_list rest) {
   for (int type = firstType; type != 0 && type != RTNONE; type = va_arg(rest, int)) {
     resbuf* rb = out.add(static_cast<short>(type));
     switch (type) {
-      case RTSHORT: rb->resval.rint = static_cast<short>(va_arg(rest, int)); break;
-      case RTLONG: rb->resval.rlong = va_arg(rest, std::int32_t); break;
+      case RTSHORT:
+        rb->resval.rint = static_cast<short>(va_arg(rest, int));
+        break;
+      case RTLONG:
+        rb->resval.rlong = va_arg(rest, std::int32_t);
+        break;
       case RTREAL:
       case RTANG:
-      case RTORINT: rb->resval.rreal = va_arg(rest, double); break;
-      case RTSTR: rb->resval.rstring = copyString(va_arg(rest, const ACHAR*)); break;
+      case RTORINT:
+        rb->resval.rreal = va_arg(rest, double);
+        break;
+      case RTSTR:
+        rb->resval.rstring = copyString(va_arg(rest, const ACHAR*));
+        break;
       case RTPOINT:
       case RT3DPOINT: {
         const double* point = va_arg(rest, const double*);
         for (int i = 0; i < 3; ++i) rb->resval.rpoint[i] = point[i];
         break;
       }
-      case RTLB: ++depth; break;
+      case RTLB:
+        ++depth;
+        break;
       case RTLE:
         if (--depth < 0) {
           releaseList(out.head);
@@ -128,7 +162,8 @@ resbuf* buildList(int firstType, std::va_list rest) {
       case RTDOTE:
       case RTNIL:
       case RTT:
-      case RTVOID: break;
+      case RTVOID:
+        break;
       default:
         releaseList(out.head);
         return nullptr;

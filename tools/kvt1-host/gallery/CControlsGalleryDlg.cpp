@@ -6,9 +6,9 @@ namespace kvt1::emu {
 namespace {
 
 // The surfaces a runway's obstacle limitation model is made of.
-const wchar_t* const kSurfaces[] = {L"Approach",        L"Inner approach",   L"Transitional",
-                                    L"Inner transitional", L"Balked landing", L"Inner horizontal",
-                                    L"Conical",         L"Outer horizontal", L"Take-off climb"};
+const wchar_t* const kSurfaces[] = {L"Approach",       L"Inner approach",   L"Transitional", L"Inner transitional",
+                                    L"Balked landing", L"Inner horizontal", L"Conical",      L"Outer horizontal",
+                                    L"Take-off climb"};
 
 // The commands of the menu bar and of the note's context menu.
 enum Command : unsigned {
@@ -101,7 +101,8 @@ void CControlsGalleryDlg::OnControlEvent(SHTMCtrlEventArgs& args) {
     m_print(L"gallery: surface tab " + m_surfaces.GetTabCaption(change.index) + L"\n");
   } else if (const auto* field = dynamic_cast<CHTMTextBoxCtrl*>(args.control)) {
     const auto& change = static_cast<SHTMTextBoxCtrlEventArgs&>(args);
-    m_print(L"gallery: " + field->Id() + L" = " + change.text + (change.clamped ? L" (brought within its limits)" : L"") +
+    m_print(L"gallery: " + field->Id() + L" = " + change.text +
+            (change.clamped ? L" (brought within its limits)" : L"") +
             (change.rejected ? L" (not a number: kept)" : L"") + L"\n");
   }
 }

@@ -19,7 +19,8 @@ std::string page(const std::string& body) {
 const std::string kDialog = page(
     "<div kvt1-node=\"2\" id=\"panel\">"
     "<p kvt1-node=\"3\">Check the settings <span kvt1-node=\"4\">below</span> and confirm.</p>"
-    "<table kvt1-node=\"5\"><tr kvt1-node=\"6\"><td kvt1-node=\"7\">Name</td><td kvt1-node=\"8\">Value</td></tr></table>"
+    "<table kvt1-node=\"5\"><tr kvt1-node=\"6\"><td kvt1-node=\"7\">Name</td><td "
+    "kvt1-node=\"8\">Value</td></tr></table>"
     "</div>"
     "<div kvt1-node=\"9\" style=\"display:none\"><button kvt1-node=\"10\">Hidden</button></div>"
     "<div kvt1-node=\"11\"><button kvt1-node=\"12\" name=\"OK\">OK</button>"
@@ -128,9 +129,8 @@ TEST_F(LitehtmlGeometryTest, TheDialogLookReachesEveryKindOfElement) {
 
 TEST_F(LitehtmlGeometryTest, AMenuShownFromTheMenuBarFitsItsItemsAndKeepsTheBarInOneLine) {
   const std::string items = "<li kvt1-node=\"6\">Open a model from a file...</li>";
-  ASSERT_TRUE(layout.layout(page("<menu kvt1-node=\"2\" class=\"context kvt1-popup\" style=\"left:0;top:0\">" +
-                                 items + "</menu>"),
-                            400));
+  ASSERT_TRUE(layout.layout(
+      page("<menu kvt1-node=\"2\" class=\"context kvt1-popup\" style=\"left:0;top:0\">" + items + "</menu>"), 400));
   const int alone = boxOf(2).width;
   ASSERT_TRUE(layout.layout(page("<widget class=\"menu-bar\"><menu><li kvt1-node=\"4\">File"
                                  "<menu kvt1-node=\"5\" class=\"kvt1-popup\" style=\"left:8px;top:30px\">" +
@@ -167,8 +167,7 @@ TEST_F(LitehtmlGeometryTest, AnInlineElementCoversItsTextWithItsPaddingAndBorder
 
 TEST_F(LitehtmlGeometryTest, IntrinsicWidthsFollowTheContent) {
   const std::string shortText = page("<p kvt1-node=\"2\">Short words only</p>");
-  const std::string longText =
-      page("<p kvt1-node=\"2\">Short words only, and then many more of them on one line</p>");
+  const std::string longText = page("<p kvt1-node=\"2\">Short words only, and then many more of them on one line</p>");
   ASSERT_TRUE(layout.layout(shortText, 400));
   const int shortMin = layout.minWidth(), shortMax = layout.maxWidth();
   EXPECT_GT(shortMin, 0);

@@ -145,8 +145,7 @@ TEST_F(LitehtmlRenderTest, ImagesComeFromTheLoader) {
 TEST_F(LitehtmlRenderTest, PaintDrawsTheAskedPartOntoTheContext) {
   layout.setImageLoader([](const std::string&) { return test::pngSquare(16, 0xFF0000); });
   const PngPixels whole =
-      render(page("<p kvt1-node=\"2\">Text above</p><img kvt1-node=\"3\" src=\"IMG_LOGO.IMAGES\"/>"), 120,
-             "whole.png");
+      render(page("<p kvt1-node=\"2\">Text above</p><img kvt1-node=\"3\" src=\"IMG_LOGO.IMAGES\"/>"), 120, "whole.png");
   const LayoutBox image = *layout.box(3);
   const LayoutBox area{0, image.y, 120, image.height};
   ASSERT_GT(area.y, 2);

@@ -43,15 +43,14 @@ TEST_F(GdiDrawingTest, BackgroundColoursFillTheirBoxes) {
     int width;  // the checked columns; 0: all but the box's edges
   };
   const Case cases[] = {
-      {"block", R"(<div kvt1-node="2" style="width:60px;height:30px;background-color:#3366cc"></div>)", 0x3366CC, 2,
-       0},
+      {"block", R"(<div kvt1-node="2" style="width:60px;height:30px;background-color:#3366cc"></div>)", 0x3366CC, 2, 0},
       {"half transparent over white",
        R"html(<div style="width:68px;background-color:#ffffff;padding:4px"><div kvt1-node="2" )html"
        R"html(style="width:60px;height:30px;background-color:rgba(204,0,0,0.5)"></div></div>)html",
        0xE58080, 2, 0},
       // The left padding of an inline box, beside its word (node 2).
-      {"inline", R"(<span style="background-color:#00aa00;padding:0 8px"><b kvt1-node="2">Word</b></span>)",
-       0x00AA00, -7, 6},
+      {"inline", R"(<span style="background-color:#00aa00;padding:0 8px"><b kvt1-node="2">Word</b></span>)", 0x00AA00,
+       -7, 6},
       {"button", R"(<button kvt1-node="2" style="width:60px;height:24px"></button>)", 0xE1E1E1, 2, 0},
   };
   for (const Case& c : cases) {
@@ -78,18 +77,28 @@ TEST_F(GdiDrawingTest, BordersFollowTheirStyleAndRadius) {
     std::vector<Probe> probes;
   };
   const Case cases[] = {
-      {"square", "border:4px solid #cc0000",
+      {"square",
+       "border:4px solid #cc0000",
        {{0, 0, red}, {-1, -1, red}, {40, 1, red}, {1, 25, red}, {5, 5, white}, {40, 25, white}}},
       // The outer corner lies outside the radius, the ring runs on along the curve.
-      {"rounded", "border:4px solid #cc0000;border-radius:10px",
-       {{0, 0, kDialogGrey}, {-1, -1, kDialogGrey}, {0, -1, kDialogGrey}, {4, 4, red}, {40, 1, red},
-        {1, 25, red}, {40, 25, white}}},
-      {"rounded sides of two colours", "border:4px solid #0000cc;border-top-color:#cc0000;border-radius:10px",
+      {"rounded",
+       "border:4px solid #cc0000;border-radius:10px",
+       {{0, 0, kDialogGrey},
+        {-1, -1, kDialogGrey},
+        {0, -1, kDialogGrey},
+        {4, 4, red},
+        {40, 1, red},
+        {1, 25, red},
+        {40, 25, white}}},
+      {"rounded sides of two colours",
+       "border:4px solid #0000cc;border-top-color:#cc0000;border-radius:10px",
        {{40, 1, red}, {1, 25, blue}, {-2, 25, blue}, {40, -2, blue}, {40, 25, white}}},
       // Mitred corners: the top side's trapezoid ends on the diagonal.
-      {"square sides of two colours", "border:4px solid #0000cc;border-top-color:#cc0000",
+      {"square sides of two colours",
+       "border:4px solid #0000cc;border-top-color:#cc0000",
        {{40, 0, red}, {3, 1, red}, {1, 3, blue}, {0, 25, blue}, {-1, 25, blue}, {40, -1, blue}, {40, 25, white}}},
-      {"thin sides of two colours", "border:1px solid #0000cc;border-top-color:#cc0000",
+      {"thin sides of two colours",
+       "border:1px solid #0000cc;border-top-color:#cc0000",
        {{40, 0, red}, {0, 25, blue}, {-1, 25, blue}, {40, -1, blue}, {40, 1, white}, {1, 25, white}}},
       {"translucent", "border:4px solid rgba(204,0,0,0.5)", {{40, 1, 0xE58080}, {1, 25, 0xE58080}, {40, 25, white}}},
   };
@@ -104,10 +113,9 @@ TEST_F(GdiDrawingTest, BordersFollowTheirStyleAndRadius) {
 
 TEST_F(GdiDrawingTest, BrokenBordersLeaveGaps) {
   for (const char* style : {"dashed", "dotted"}) {
-    const PngPicture picture =
-        render(std::string(R"(<div kvt1-node="2" style="width:120px;height:30px;border:2px )") + style +
-                   R"( #000000"></div>)",
-               200, style);
+    const PngPicture picture = render(
+        std::string(R"(<div kvt1-node="2" style="width:120px;height:30px;border:2px )") + style + R"( #000000"></div>)",
+        200, style);
     const LayoutBox bordered = box(2);
     const int inked = picture.count(bordered.x, bordered.y, bordered.width, 1, isDark);
     EXPECT_GT(inked, bordered.width / 4) << style;
@@ -134,19 +142,21 @@ TEST_F(GdiDrawingTest, OverflowHiddenClipsWhatItHolds) {
     const LayoutBox clip = box(2);
     expectProbes(picture, clip, c.probes, c.name);
     // Nothing of the large child shows right of or below the box.
-    EXPECT_EQ(picture.count(clip.x + clip.width, clip.y, 100, clip.height, [](std::uint32_t rgb) {
-      return rgb != kDialogGrey;
-    }), 0) << c.name;
-    EXPECT_EQ(picture.count(clip.x, clip.y + clip.height, clip.width, 100, [](std::uint32_t rgb) {
-      return rgb != kDialogGrey;
-    }), 0) << c.name;
+    EXPECT_EQ(picture.count(clip.x + clip.width, clip.y, 100, clip.height,
+                            [](std::uint32_t rgb) { return rgb != kDialogGrey; }),
+              0)
+        << c.name;
+    EXPECT_EQ(picture.count(clip.x, clip.y + clip.height, clip.width, 100,
+                            [](std::uint32_t rgb) { return rgb != kDialogGrey; }),
+              0)
+        << c.name;
   }
 }
 
 TEST_F(GdiDrawingTest, OverflowHiddenClipsText) {
-  const PngPicture picture = render(
-      R"(<div kvt1-node="2" style="width:40px;overflow:hidden;white-space:nowrap">WWWWWWWWWWWWWWWWWWWW</div>)", 300,
-      "text");
+  const PngPicture picture =
+      render(R"(<div kvt1-node="2" style="width:40px;overflow:hidden;white-space:nowrap">WWWWWWWWWWWWWWWWWWWW</div>)",
+             300, "text");
   const LayoutBox clip = box(2);
   EXPECT_GT(picture.count(clip.x, clip.y, clip.width, clip.height, isDark), 20);
   EXPECT_EQ(picture.count(clip.x + clip.width, clip.y, 200, clip.height, isDark), 0);
@@ -157,12 +167,11 @@ TEST_F(GdiDrawingTest, ListMarkersAreDrawnBesideTheirItems) {
     const char* type;
     bool drawn;
   };
-  for (const Case& c : {Case{"disc", true}, Case{"circle", true}, Case{"square", true}, Case{"decimal", true},
-                        Case{"none", false}}) {
-    const PngPicture picture =
-        render(std::string(R"(<ul style="list-style-type:)") + c.type +
-                   R"(;padding-left:30px"><li kvt1-node="2">First</li></ul>)",
-               200, c.type);
+  for (const Case& c :
+       {Case{"disc", true}, Case{"circle", true}, Case{"square", true}, Case{"decimal", true}, Case{"none", false}}) {
+    const PngPicture picture = render(std::string(R"(<ul style="list-style-type:)") + c.type +
+                                          R"(;padding-left:30px"><li kvt1-node="2">First</li></ul>)",
+                                      200, c.type);
     const LayoutBox item = box(2);
     const int marker = picture.count(item.x - 30, item.y, 30, item.height, isDark);
     if (c.drawn) {

@@ -16,8 +16,8 @@ std::unique_ptr<LitehtmlLayout> pictureLayout() {
   auto layout = std::make_unique<LitehtmlLayout>();
   const std::vector<unsigned char> png = pngSquare(10, kGreen);
   layout->setImageLoader([png](const std::string&) { return png; });
-  EXPECT_TRUE(layout->layout(R"(<html kvt1-node="0"><body kvt1-node="1"><img kvt1-node="2" src="a.png"></body></html>)",
-                             60));
+  EXPECT_TRUE(
+      layout->layout(R"(<html kvt1-node="0"><body kvt1-node="1"><img kvt1-node="2" src="a.png"></body></html>)", 60));
   return layout;
 }
 

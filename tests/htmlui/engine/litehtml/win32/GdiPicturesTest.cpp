@@ -37,10 +37,10 @@ TEST_F(GdiPicturesTest, TranslucentPicturesBlendWithWhatLiesBelow) {
   // Half-transparent red above, transparent below.
   files["res:glass.png"] = pngSquare(16, 0x80CC0000, 0x00000000);
   for (const char* size : {"16px", "32px"}) {
-    const PngPicture picture = render(std::string(R"(<div style="background-color:#ffffff;padding:4px">)") +
-                                          R"(<img kvt1-node="2" src="res:glass.png" style="width:)" + size +
-                                          ";height:" + size + R"("></div>)",
-                                      100, size);
+    const PngPicture picture =
+        render(std::string(R"(<div style="background-color:#ffffff;padding:4px">)") +
+                   R"(<img kvt1-node="2" src="res:glass.png" style="width:)" + size + ";height:" + size + R"("></div>)",
+               100, size);
     const LayoutBox image = box(2);
     const auto blended = [](std::uint32_t rgb) {
       return (rgb >> 16) >= 0xE3 && (rgb >> 16) <= 0xE7 && ((rgb >> 8) & 0xFF) >= 0x7D && ((rgb >> 8) & 0xFF) <= 0x81;
@@ -68,8 +68,11 @@ TEST_F(GdiPicturesTest, BackgroundPicturesRepeatAsTheStyleSays) {
       {"repeat", "", 40 * 24, {{0, 0}, {39, 23}}, {}},
       {"repeat-x", "background-repeat:repeat-x", 40 * 8, {{0, 0}, {39, 7}}, {{0, 8}, {39, 23}}},
       {"repeat-y", "background-repeat:repeat-y", 8 * 24, {{0, 0}, {7, 23}}, {{8, 0}, {39, 23}}},
-      {"no-repeat at the right bottom", "background-repeat:no-repeat;background-position:right bottom", 8 * 8,
-       {{32, 16}, {39, 23}}, {{0, 0}, {31, 15}}},
+      {"no-repeat at the right bottom",
+       "background-repeat:no-repeat;background-position:right bottom",
+       8 * 8,
+       {{32, 16}, {39, 23}},
+       {{0, 0}, {31, 15}}},
   };
   for (const Case& c : cases) {
     const PngPicture picture =
@@ -102,14 +105,13 @@ TEST_F(GdiPicturesTest, MissingOrBrokenPicturesLeaveTheirBoxBlank) {
     if (!c.bytes.empty()) files[url] = c.bytes;
     const PngPicture picture =
         render(R"(<p>Before</p><img kvt1-node="2" src=")" + url + R"(" style="width:20px;height:20px">)" +
-                   R"(<div kvt1-node="3" style="width:20px;height:20px;background-image:url()" + url + R"x()"></div>)x" +
-                   R"(<p kvt1-node="4">After</p>)",
+                   R"(<div kvt1-node="3" style="width:20px;height:20px;background-image:url()" + url +
+                   R"x()"></div>)x" + R"(<p kvt1-node="4">After</p>)",
                100, c.name);
     ASSERT_TRUE(picture.valid()) << c.name;
     for (int node : {2, 3}) {
       const LayoutBox blank = box(node);
-      EXPECT_EQ(picture.count(blank.x, blank.y, 20, 20, [](std::uint32_t rgb) { return rgb == kDialogGrey; }),
-                20 * 20)
+      EXPECT_EQ(picture.count(blank.x, blank.y, 20, 20, [](std::uint32_t rgb) { return rgb == kDialogGrey; }), 20 * 20)
           << c.name << ", node " << node;
     }
     // The rest of the page is drawn as usual.

@@ -97,9 +97,9 @@ TEST_F(GdiTextTest, DecorationsDrawTheirLine) {
       {"overline", 0.0, 0.35},
   };
   for (const Case& c : cases) {
-    const PngPicture picture = render(std::string(R"(<span kvt1-node="2" style="text-decoration:)") +
-                                          c.decoration + R"(">Read the terms</span>)",
-                                      300, c.decoration);
+    const PngPicture picture = render(
+        std::string(R"(<span kvt1-node="2" style="text-decoration:)") + c.decoration + R"(">Read the terms</span>)",
+        300, c.decoration);
     const LayoutBox text = box(2);
     int lines = 0;
     for (int y = text.y + int(text.height * c.from); y < text.y + int(text.height * c.to); ++y) {
