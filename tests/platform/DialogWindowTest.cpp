@@ -27,7 +27,7 @@ struct Seen {
 };
 
 // Records every message; destroys its window on WM_CLOSE and answers kAsk with 42.
-class Recorder : public DialogWindowProcedure {
+class Recorder final : public DialogWindowProcedure {
  public:
   std::intptr_t onMessage(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam,
                           bool& handled) override {

@@ -13,7 +13,7 @@ constexpr std::uint32_t kChild = 0x40000000;
 constexpr std::uint32_t kTopmostEx = 0x8;
 
 // Records messages; on WM_CLOSE destroys its window unless told to ignore it.
-class Dialog : public DialogWindowProcedure {
+class Dialog final : public DialogWindowProcedure {
  public:
   std::intptr_t onMessage(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam,
                           bool& handled) override {

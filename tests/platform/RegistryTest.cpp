@@ -273,7 +273,7 @@ TEST_F(RegistryTest, TypedReadsAnswerOnlyValuesOfTheirType) {
   ASSERT_EQ(base_.setValue(L"Bytes", kRegBinary, bytes.data(), 3), kRegSuccess);
   ASSERT_EQ(base_.setValue(L"Short", kRegDword, bytes.data(), 2), kRegSuccess);
   ASSERT_EQ(base_.setValue(L"Empty", kRegBinary, nullptr, 0), kRegSuccess);
-  const std::wstring withNul(L"two\0three", 10);
+  const std::wstring withNul(L"two\0three\0", 10);
   ASSERT_EQ(
       base_.setValue(L"Nul", kRegSz, withNul.data(), static_cast<std::uint32_t>(withNul.size() * sizeof(wchar_t))),
       kRegSuccess);
