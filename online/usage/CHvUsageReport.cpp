@@ -29,6 +29,25 @@ void addValue(SHvUsageCustom& record, const std::wstring& value) {
   record.vals.push_back(value);
 }
 
+// Takes one occurrence of each of a sent record's items out of the record of
+// the same name; records left empty go.
+template <typename Record, typename Item>
+void removeItems(std::vector<Record>& from, const std::vector<Record>& sent, std::wstring Record::*key,
+                 std::vector<Item> Record::*items) {
+  for (const Record& record : sent) {
+    const auto found =
+        std::find_if(from.begin(), from.end(), [&](const Record& mine) { return mine.*key == record.*key; });
+    if (found == from.end()) continue;
+    std::vector<Item>& left = (*found).*items;
+    for (const Item& item : record.*items) {
+      const auto at = std::find(left.begin(), left.end(), item);
+      if (at != left.end()) left.erase(at);
+    }
+  }
+  from.erase(std::remove_if(from.begin(), from.end(), [&](const Record& mine) { return (mine.*items).empty(); }),
+             from.end());
+}
+
 std::int32_t saturatingSum(std::int32_t count, std::int32_t amount) {
   const std::int64_t sum = static_cast<std::int64_t>(count) + amount;
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(sum, 0, std::numeric_limits<std::int32_t>::max()));
@@ -79,6 +98,20 @@ void CHvUsageReport::Merge(const CHvUsageReport& other) {
     for (const std::wstring& value : record.vals) addValue(*found, value);
   }
   for (const SHvUsageCounter& counter : other.m_counters) AddCount(counter.name, counter.count);
+}
+
+void CHvUsageReport::Remove(const CHvUsageReport& sent) {
+  removeItems(m_logins, sent.m_logins, &SHvUsageLogin::platform, &SHvUsageLogin::times);
+  removeItems(m_toolUses, sent.m_toolUses, &SHvUsageToolUse::tool, &SHvUsageToolUse::times);
+  removeItems(m_custom, sent.m_custom, &SHvUsageCustom::name, &SHvUsageCustom::vals);
+  for (const SHvUsageCounter& counter : sent.m_counters) {
+    const auto found = std::find_if(m_counters.begin(), m_counters.end(),
+                                    [&](const SHvUsageCounter& mine) { return mine.name == counter.name; });
+    if (found != m_counters.end()) found->count = saturatingSum(found->count, -counter.count);
+  }
+  m_counters.erase(std::remove_if(m_counters.begin(), m_counters.end(),
+                                  [](const SHvUsageCounter& counter) { return counter.count == 0; }),
+                   m_counters.end());
 }
 
 }  // namespace Hv

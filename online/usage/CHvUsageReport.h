@@ -68,6 +68,11 @@ class CHvUsageReport {
   void AddCount(const std::wstring& name, std::int32_t amount);
   // Adds every record of other to this report's records of the same names.
   void Merge(const CHvUsageReport& other);
+  // Takes out what sent holds: from each record of the same name one
+  // occurrence of each of its times or values, and its count; records left
+  // empty go. So a stored report that other runs were merged into after sent
+  // was read from it keeps only what they added.
+  void Remove(const CHvUsageReport& sent);
 
   const std::wstring& FilePath() const { return m_filePath; }
   void SetFilePath(const std::wstring& path) { m_filePath = path; }

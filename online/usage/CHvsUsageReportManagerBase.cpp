@@ -6,7 +6,6 @@
 
 #include "online/usage/CHvWorkstationGUID.h"
 #include "online/usage/FeatureCodes.h"
-#include "platform/File.h"
 #include "platform/FileLock.h"
 #include "platform/OsVersion.h"
 #include "platform/Registry.h"
@@ -26,10 +25,6 @@ constexpr std::int64_t kSecondsPerDay = 86400;
 // A first report is stored as if sent 13 days ago: with the default interval
 // the first hand-over falls due one day after first use.
 constexpr std::int64_t kFirstReportAge = 1123200;
-// How long the end of a run waits for another host process's save of the
-// same report. A save takes milliseconds; past this the holder is stuck and
-// the run saves without the lock rather than lose its counts.
-constexpr unsigned kReportLockWaitMs = 2000;
 
 // The login's architecture name is "x86" on every build: the maker's service
 // knows only that name.
@@ -97,22 +92,21 @@ void CHvsUsageReportManagerBase::StartRun() {
 
 bool CHvsUsageReportManagerBase::EndRun() {
   WaitForSend();
-  const std::shared_ptr<Hv::CHvUsageReport> sent = std::move(m_sent);
+  const std::shared_ptr<kvt1::usage::DueReport> sent = std::move(m_sent);
   if (!m_collecting || !m_report) return true;
   const std::unique_ptr<Hv::CHvUsageReport> run = std::move(m_report);
   // Host processes of one user share the report: each read-merge-write runs
-  // under their common lock, which lies in the report's folder.
-  kvt1::platform::createFolders(GetReportFolder());
-  const std::optional<kvt1::platform::FileLock> lock =
-      kvt1::platform::FileLock::acquire(GetReportFolder() + L"\\UsageReport.lock", kReportLockWaitMs);
-  if (sent && m_sendOutcome != kvt1::usage::SendOutcome::Refused) {
-    sent->Merge(*run);
-    return SaveStored(*sent);
-  }
+  // under their common lock.
   const kvt1::usage::UsageReportHome home = Home(run->FilePath());
+  const std::optional<kvt1::platform::FileLock> lock = home.Lock();
   Hv::CHvUsageReport stored;
   switch (home.Load(stored)) {
     case kvt1::usage::ReportLoad::Loaded:
+      if (sent && m_sendOutcome == kvt1::usage::SendOutcome::SentNotStored) {
+        // The accepted report is still in the stored one: it must not go twice.
+        stored.Remove(sent->report);
+        stored.SetLastSend(sent->report.LastSend());
+      }
       stored.Merge(*run);
       return SaveStored(stored);
     case kvt1::usage::ReportLoad::Unreadable:
@@ -165,20 +159,20 @@ std::int64_t CHvsUsageReportManagerBase::IntervalSeconds() {
 void CHvsUsageReportManagerBase::StartSendingIfDue() {
   WaitForSend();
   const kvt1::usage::UsageReportHome home = Home(m_report->FilePath());
-  auto stored = std::make_shared<Hv::CHvUsageReport>();
-  if (home.Load(*stored) != kvt1::usage::ReportLoad::Loaded) return;
-  if (m_clock() - static_cast<std::int64_t>(stored->LastSend()) < IntervalSeconds()) return;
+  std::optional<kvt1::usage::DueReport> due = kvt1::usage::claimDueReport(home, Now(), IntervalSeconds());
+  if (!due) return;
 
   // The thread works on its own copies; of the manager it touches only the
   // flag and the outcome.
+  const auto sent = std::make_shared<kvt1::usage::DueReport>(std::move(*due));
   m_sending = true;
   m_sendOutcome = kvt1::usage::SendOutcome::Refused;
-  m_sent = stored;
+  m_sent = sent;
   try {
-    m_sendThread = std::thread(
-        [stored, channel = GetReportChannel(), home, clock = m_clock, &sending = m_sending, &outcome = m_sendOutcome] {
+    m_sendThread =
+        std::thread([sent, channel = GetReportChannel(), home, &sending = m_sending, &outcome = m_sendOutcome] {
           try {
-            outcome = kvt1::usage::sendReport(*stored, static_cast<std::uint32_t>(clock()), channel, home);
+            outcome = kvt1::usage::sendReport(*sent, channel, home);
           } catch (...) {
             // Nothing leaves the thread; the outcome stays "refused".
           }

@@ -60,10 +60,10 @@ class CHvsUsageReportManagerBase {
   void StartRun();
   // With collection on: waits for a running send, then merges the run's
   // report into the stored one (or stores it as the first) and saves it.
-  // When this run's send was taken, the stored one is the emptied report the
-  // send left, whether or not that could be saved, so the same data never
-  // goes twice. The run's report is gone afterwards. False when the report
-  // could be stored nowhere (neither its file nor the registry).
+  // When this run's send was taken but could not be saved, what it sent is
+  // taken out of the stored one here, so the same data never goes twice.
+  // The run's report is gone afterwards. False when the report could be
+  // stored nowhere (neither its file nor the registry).
   bool EndRun();
 
   void IncrementCounter(const std::wstring& name, std::int32_t amount = 1);
@@ -96,7 +96,7 @@ class CHvsUsageReportManagerBase {
   std::thread m_sendThread;
   std::atomic<bool> m_sending{false};
   // The copy the sending thread works on and what came of it; read after the thread ended.
-  std::shared_ptr<Hv::CHvUsageReport> m_sent;
+  std::shared_ptr<kvt1::usage::DueReport> m_sent;
   std::atomic<kvt1::usage::SendOutcome> m_sendOutcome{kvt1::usage::SendOutcome::Refused};
   kvt1::Clock m_clock = kvt1::systemSeconds;
 };

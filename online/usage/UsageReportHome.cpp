@@ -12,6 +12,10 @@ using platform::RegistryKey;
 using platform::RegistryRoot;
 
 const wchar_t kPendingValue[] = L"UsageReportPending";
+// How long a host waits for another one's read and write of the report. They
+// take milliseconds; past this the holder is stuck, and the caller goes on
+// without the lock rather than lose its counts.
+constexpr unsigned kLockWaitMs = 2000;
 
 std::wstring folderOf(const std::wstring& path) {
   const std::size_t separator = path.find_last_of(L"\\/");
@@ -39,6 +43,12 @@ ReportSaved UsageReportHome::Save(const Hv::CHvUsageReport& report) const {
   }
   const std::string bytes = reportFileBytes(report, m_compressed);
   return !bytes.empty() && WritePending(bytes) ? ReportSaved::Registry : ReportSaved::Nowhere;
+}
+
+std::optional<platform::FileLock> UsageReportHome::Lock() const {
+  const std::wstring folder = folderOf(m_path);
+  platform::createFolders(folder);
+  return platform::FileLock::acquire(folder + L"\\UsageReport.lock", kLockWaitMs);
 }
 
 std::wstring UsageReportHome::KeepAside() const { return m_store.KeepAside(m_path); }

@@ -5,10 +5,12 @@
 // file whenever it holds a report, so it is read first; a save that reaches
 // the file empties it. So an accepted upload is remembered, and no run's
 // counts are lost, while the file stays out of reach.
+#include <optional>
 #include <string>
 
 #include "online/usage/CHvUsageReport.h"
 #include "online/usage/UsageReportStore.h"
+#include "platform/FileLock.h"
 
 namespace kvt1::usage {
 
@@ -24,6 +26,11 @@ class UsageReportHome {
   ReportLoad Load(Hv::CHvUsageReport& report) const;
   // Into the file (its folder created when missing), else into the registry.
   ReportSaved Save(const Hv::CHvUsageReport& report) const;
+  // The lock that host processes of one user hold around each read-change-write
+  // of the report ("UsageReport.lock" beside its file), so that none writes
+  // over what another just saved. Nothing when it cannot be had in 2 s: the
+  // caller then goes on without it.
+  std::optional<platform::FileLock> Lock() const;
   // The file moved aside (see UsageReportStore::KeepAside); empty when it could not be.
   std::wstring KeepAside() const;
 

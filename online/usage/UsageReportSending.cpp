@@ -17,12 +17,38 @@ std::vector<std::uint8_t> frameReport(const Hv::CHvUsageReport& report) {
   return buffer;
 }
 
-SendOutcome sendReport(Hv::CHvUsageReport& report, std::uint32_t now, const ReportChannel& channel,
-                       const UsageReportHome& home) {
-  report.SetLastSend(now);
-  if (!channel(frameReport(report))) return SendOutcome::Refused;
-  report.Clear();
-  return home.Save(report) == ReportSaved::Nowhere ? SendOutcome::SentNotStored : SendOutcome::Sent;
+std::optional<DueReport> claimDueReport(const UsageReportHome& home, std::uint32_t now, std::int64_t interval) {
+  const std::optional<platform::FileLock> lock = home.Lock();
+  DueReport due;
+  if (home.Load(due.report) != ReportLoad::Loaded) return std::nullopt;
+  due.previousSend = due.report.LastSend();
+  if (static_cast<std::int64_t>(now) - due.previousSend < interval) return std::nullopt;
+  due.report.SetLastSend(now);
+  // A claim that cannot be saved still sends: only a second host could send twice.
+  home.Save(due.report);
+  return due;
+}
+
+SendOutcome sendReport(const DueReport& due, const ReportChannel& channel, const UsageReportHome& home) {
+  const bool taken = channel(frameReport(due.report));
+  const std::optional<platform::FileLock> lock = home.Lock();
+  Hv::CHvUsageReport stored;
+  const bool loaded = home.Load(stored) == ReportLoad::Loaded;
+  if (!taken) {
+    if (loaded && stored.LastSend() == due.report.LastSend()) {
+      stored.SetLastSend(due.previousSend);
+      home.Save(stored);
+    }
+    return SendOutcome::Refused;
+  }
+  if (loaded) {
+    stored.Remove(due.report);
+  } else {
+    stored = due.report;
+    stored.Clear();
+  }
+  stored.SetLastSend(due.report.LastSend());
+  return home.Save(stored) == ReportSaved::Nowhere ? SendOutcome::SentNotStored : SendOutcome::Sent;
 }
 
 }  // namespace kvt1::usage

@@ -21,6 +21,23 @@
 namespace kvt1::testing {
 namespace {
 
+// The report in a frame: its 4-byte length, then the zlib stream of its JSON
+// text; fails the test when the frame is not that.
+Hv::CHvUsageReport framedReport(const std::vector<std::uint8_t>& frame) {
+  Hv::CHvUsageReport framed;
+  if (frame.size() < 4) {
+    ADD_FAILURE() << "a frame of " << frame.size() << " bytes";
+    return framed;
+  }
+  const std::uint32_t length = frame[0] | frame[1] << 8 | frame[2] << 16 | static_cast<std::uint32_t>(frame[3]) << 24;
+  EXPECT_EQ(length, frame.size() - 4);
+  std::string text;
+  Json::Value object;
+  EXPECT_TRUE(usage::inflateText(std::string(frame.begin() + 4, frame.end()), text, 1 << 20) &&
+              json::parse(text, object) && framed.ReadJson(object));
+  return framed;
+}
+
 class UsageManager : public ::testing::Test {
  protected:
   UsageManager() : folder(installation.folder() + L"\\Reports"), manager(folder) {}
@@ -174,16 +191,7 @@ TEST_F(UsageManager, AReportFallsDueAfterTheIntervalAndIsEmptiedWhenSent) {
   manager.StartRun();
   manager.WaitForSend();
   ASSERT_EQ(manager.sent.size(), 1u);
-  const std::vector<std::uint8_t>& frame = manager.sent[0];
-  ASSERT_GE(frame.size(), 4u);
-  const std::uint32_t length = frame[0] | frame[1] << 8 | frame[2] << 16 | static_cast<std::uint32_t>(frame[3]) << 24;
-  EXPECT_EQ(length, frame.size() - 4);
-  std::string text;
-  ASSERT_TRUE(usage::inflateText(std::string(frame.begin() + 4, frame.end()), text, 1 << 20));
-  Json::Value object;
-  ASSERT_TRUE(json::parse(text, object));
-  Hv::CHvUsageReport framed;
-  ASSERT_TRUE(framed.ReadJson(object));
+  const Hv::CHvUsageReport framed = framedReport(manager.sent[0]);
   EXPECT_EQ(framed.LastSend(), kStart + kDay);
   EXPECT_EQ(counterOf(framed, L"Count::Building::Import"), 2);
   EXPECT_EQ(framed.Logins()[0].times.size(), 2u);
@@ -315,6 +323,40 @@ TEST_F(UsageManager, AReportFolderThatCannotBeCreatedLosesOnlyTheRun) {
   manager.folder = installation.folder() + L"\\Blocked\\Reports";
   run(1);
   EXPECT_EQ(fileBytes(installation.folder() + L"\\Blocked"), "a file");
+}
+
+// Another host process of the user starts and ends its run while this one
+// sends: it finds nothing due, so the report goes once; its run stays in the
+// report whether the send is refused (the claim is given back) or taken.
+TEST_F(UsageManager, AnotherHostsRunDuringASendIsKeptAndNothingGoesTwice) {
+  setConsent(installation, 1);
+  run(2);
+  const std::int64_t due = kStart + 30 * kDay;
+  for (const bool accepts : {false, true}) {
+    TestUsageManager other(folder);
+    other.now = due + 10;
+    manager.now = due + (accepts ? 60 : 0);
+    manager.channelAccepts = accepts;
+    manager.whileSending = [&other] {
+      other.DecideConsent();
+      other.StartRun();
+      other.CountFeature(L"Regulation::FAA");
+      other.EndRun();
+    };
+    run(1);
+    manager.whileSending = nullptr;
+    EXPECT_TRUE(other.sent.empty()) << accepts;
+  }
+  ASSERT_EQ(manager.sent.size(), 2u);
+  // The refused round gave the claim back: the taken send held every run before it.
+  const Hv::CHvUsageReport framed = framedReport(manager.sent[1]);
+  EXPECT_EQ(counterOf(framed, L"Count::Building::Import"), 3);
+  EXPECT_EQ(counterOf(framed, L"Count::Regulation::FAA"), 1);
+  const Hv::CHvUsageReport stored = readStored(path());
+  EXPECT_EQ(stored.LastSend(), due + 60);
+  EXPECT_EQ(counterOf(stored, L"Count::Building::Import"), 1);
+  EXPECT_EQ(counterOf(stored, L"Count::Regulation::FAA"), 1);
+  EXPECT_EQ(stored.Logins()[0].times, (std::vector<std::uint32_t>{due + 10, due + 60}));
 }
 
 // Host processes of one user that end their runs at the same moment: each

@@ -179,7 +179,7 @@ TEST(UsageReportRecords, RecordsJoinByNameAndCustomValuesRespectDupes) {
   EXPECT_EQ(report.Counters()[0].count, std::numeric_limits<std::int32_t>::max());
 }
 
-TEST(UsageReportRecords, MergeAppendsTimesAddsCountsAndJoinsCustomValues) {
+TEST(UsageReportRecords, MergeAppendsTimesAddsCountsAndJoinsCustomValuesAndRemoveTakesThemOut) {
   Hv::CHvUsageReport stored = sampleReport();
   Hv::CHvUsageReport run;
   run.SetLastSend(99);
@@ -202,6 +202,24 @@ TEST(UsageReportRecords, MergeAppendsTimesAddsCountsAndJoinsCustomValues) {
   EXPECT_EQ(stored.Custom()[1].vals.size(), 3u);
   EXPECT_EQ(stored.Counters()[0].count, 5);
   EXPECT_EQ(stored.Counters()[1].name, L"Count::Regulation::FAA");
+
+  // Taking the sample out again leaves exactly what the run added.
+  Hv::CHvUsageReport added = stored;
+  added.Remove(sampleReport());
+  ASSERT_EQ(added.Logins().size(), 2u);
+  EXPECT_EQ(added.Logins()[0].times, (std::vector<std::uint32_t>{300}));
+  EXPECT_EQ(added.Logins()[1].times, (std::vector<std::uint32_t>{301}));
+  ASSERT_EQ(added.ToolUses().size(), 1u);
+  EXPECT_EQ(added.ToolUses()[0].times, (std::vector<std::uint32_t>{310}));
+  ASSERT_EQ(added.Custom().size(), 2u);
+  EXPECT_EQ(added.Custom()[0].vals, (std::vector<std::wstring>{L"Yes"}));
+  EXPECT_EQ(added.Custom()[1].vals, (std::vector<std::wstring>{L"A"}));
+  ASSERT_EQ(added.Counters().size(), 2u);
+  EXPECT_EQ(added.Counters()[0].count, 3);
+  EXPECT_EQ(added.LastSend(), 1400000000u);
+  // Taking out more than is there empties records and drops them; no count goes below zero.
+  added.Remove(stored);
+  EXPECT_TRUE(added.Logins().empty() && added.ToolUses().empty() && added.Custom().empty() && added.Counters().empty());
 
   stored.Clear();
   EXPECT_TRUE(stored.Logins().empty() && stored.ToolUses().empty() && stored.Custom().empty() &&

@@ -21,8 +21,9 @@ TestUsageManager::TestUsageManager(std::wstring reportFolder) : folder(std::move
 std::wstring TestUsageManager::GetProductKeyPath() { return productKeyPath(); }
 
 kvt1::usage::ReportChannel TestUsageManager::GetReportChannel() {
-  return [this, accepts = channelAccepts](const std::vector<std::uint8_t>& buffer) {
+  return [this, accepts = channelAccepts, during = whileSending](const std::vector<std::uint8_t>& buffer) {
     sent.push_back(buffer);
+    if (during) during();
     return accepts;
   };
 }

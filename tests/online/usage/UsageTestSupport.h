@@ -3,6 +3,7 @@
 // the test sets, a clock the test moves, and the report file read back.
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,7 @@ class TestUsageManager : public CHvsUsageReportManagerBase {
   std::wstring folder;
   std::int64_t now = kStart;
   bool channelAccepts = true;
+  std::function<void()> whileSending;           // runs on the sending thread before the channel answers
   std::vector<std::vector<std::uint8_t>> sent;  // written by the sending thread; read after WaitForSend
 };
 
