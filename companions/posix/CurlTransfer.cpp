@@ -113,6 +113,10 @@ HttpResponse performTransfer(const HttpRequest& request, const TransferLimits& l
   curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
   curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 0L);
   curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
+  // An aborted transfer leaves a name still being resolved to the resolver's
+  // thread, which ends on its own, instead of waiting for it: libcurl stays
+  // loaded (see CurlGlobal), so that thread never runs in unmapped code.
+  curl_easy_setopt(handle, CURLOPT_QUICK_EXIT, 1L);
   curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, limits.connectTimeoutMs);
   curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, limits.totalTimeoutMs);
   curl_easy_setopt(handle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(limits.maxBodyBytes));

@@ -9,6 +9,9 @@
 #include "platform/DynamicLibrary.h"
 #include "tests/common/TestInstallation.h"
 #include "tests/online/OnlineTestSupport.h"
+#ifndef _WIN32
+#include "tests/online/StalledResolver.h"
+#endif
 #include "tools/kvt1-update-service/UpdateService.h"
 
 namespace kvt1::testing {
@@ -185,6 +188,28 @@ TEST_F(HttpBridge, AnAbortEndsTheRunningRequestsAndClosesTheBridge) {
   std::wstring out;
   EXPECT_TRUE(bridge().Get(url(), out));
 }
+
+#ifndef _WIN32
+// libcurl resolves names on a thread of its own: an abort does not wait for
+// a resolution that stalls.
+TEST_F(HttpBridge, AnAbortDoesNotWaitForANameBeingResolved) {
+  ASSERT_TRUE(bridge().Load(programFolder()));
+  setProcessEnvironment("KVT1_HTTP_TIMEOUT_MS", "60000");
+  const int before = stalledLookups;
+  auto get = std::async(std::launch::async, [] {
+    std::wstring out;
+    return bridge().Get(L"http://" + std::wstring(kStalledHost, kStalledHost + sizeof kStalledHost - 1) + L"/", out);
+  });
+  for (int i = 0; i < 1000 && stalledLookups == before; ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  ASSERT_GT(stalledLookups, before);
+
+  // The abort returns once the request has left the library.
+  auto abort = std::async(std::launch::async, [] { bridge().AbortTransfers(); });
+  ASSERT_EQ(abort.wait_for(std::chrono::seconds(kStallSeconds / 2)), std::future_status::ready);
+  ASSERT_EQ(get.wait_for(std::chrono::seconds(0)), std::future_status::ready);
+  EXPECT_FALSE(get.get());
+}
+#endif
 
 TEST_F(HttpBridge, ALibraryWithoutAnAbortIsOnlyClosed) {
   bridge().Load(programFolder() + L"\\getw-only");
