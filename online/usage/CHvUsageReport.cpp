@@ -6,11 +6,18 @@
 namespace Hv {
 namespace {
 
-template <typename Record, typename Key>
-Record& recordNamed(std::vector<Record>& records, std::wstring Record::*key, const Key& name) {
+// The record of that name; null when there is none.
+template <typename Record>
+Record* findNamed(std::vector<Record>& records, std::wstring Record::*key, const std::wstring& name) {
   for (Record& record : records) {
-    if (record.*key == name) return record;
+    if (record.*key == name) return &record;
   }
+  return nullptr;
+}
+
+template <typename Record>
+Record& recordNamed(std::vector<Record>& records, std::wstring Record::*key, const std::wstring& name) {
+  if (Record* found = findNamed(records, key, name)) return *found;
   records.emplace_back();
   records.back().*key = name;
   return records.back();
@@ -35,10 +42,9 @@ template <typename Record, typename Item>
 void removeItems(std::vector<Record>& from, const std::vector<Record>& sent, std::wstring Record::*key,
                  std::vector<Item> Record::*items) {
   for (const Record& record : sent) {
-    const auto found =
-        std::find_if(from.begin(), from.end(), [&](const Record& mine) { return mine.*key == record.*key; });
-    if (found == from.end()) continue;
-    std::vector<Item>& left = (*found).*items;
+    Record* found = findNamed(from, key, record.*key);
+    if (!found) continue;
+    std::vector<Item>& left = found->*items;
     for (const Item& item : record.*items) {
       const auto at = std::find(left.begin(), left.end(), item);
       if (at != left.end()) left.erase(at);
@@ -71,9 +77,7 @@ void CHvUsageReport::AddToolUse(const std::wstring& tool, std::uint32_t time) {
 }
 
 void CHvUsageReport::AddCustomValue(const std::wstring& name, const std::wstring& value, bool dupes) {
-  const auto found =
-      std::find_if(m_custom.begin(), m_custom.end(), [&](const SHvUsageCustom& record) { return record.name == name; });
-  if (found != m_custom.end()) {
+  if (SHvUsageCustom* found = findNamed(m_custom, &SHvUsageCustom::name, name)) {
     addValue(*found, value);
     return;
   }
@@ -89,9 +93,8 @@ void CHvUsageReport::Merge(const CHvUsageReport& other) {
   mergeTimes(m_logins, other.m_logins, &SHvUsageLogin::platform);
   mergeTimes(m_toolUses, other.m_toolUses, &SHvUsageToolUse::tool);
   for (const SHvUsageCustom& record : other.m_custom) {
-    const auto found = std::find_if(m_custom.begin(), m_custom.end(),
-                                    [&](const SHvUsageCustom& mine) { return mine.name == record.name; });
-    if (found == m_custom.end()) {
+    SHvUsageCustom* found = findNamed(m_custom, &SHvUsageCustom::name, record.name);
+    if (!found) {
       m_custom.push_back(record);
       continue;
     }
@@ -105,9 +108,9 @@ void CHvUsageReport::Remove(const CHvUsageReport& sent) {
   removeItems(m_toolUses, sent.m_toolUses, &SHvUsageToolUse::tool, &SHvUsageToolUse::times);
   removeItems(m_custom, sent.m_custom, &SHvUsageCustom::name, &SHvUsageCustom::vals);
   for (const SHvUsageCounter& counter : sent.m_counters) {
-    const auto found = std::find_if(m_counters.begin(), m_counters.end(),
-                                    [&](const SHvUsageCounter& mine) { return mine.name == counter.name; });
-    if (found != m_counters.end()) found->count = saturatingSum(found->count, -counter.count);
+    if (SHvUsageCounter* found = findNamed(m_counters, &SHvUsageCounter::name, counter.name)) {
+      found->count = saturatingSum(found->count, -counter.count);
+    }
   }
   m_counters.erase(std::remove_if(m_counters.begin(), m_counters.end(),
                                   [](const SHvUsageCounter& counter) { return counter.count == 0; }),
